@@ -1,0 +1,23 @@
+option(LANTERN_TESTS "Build the tests" OFF)
+option(LANTERN_BENCH "Build the benchmarks" OFF)
+option(LANTERN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+add_compile_options(
+    -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor
+    -Werror)
+add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+
+if(LANTERN_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# A room of the house: one static library per folder, which may link lower floors only.
+# lantern_room(<name> SOURCES <files> LINK <libraries>)
+function(lantern_room name)
+    cmake_parse_arguments(PARSE_ARGV 1 room "" "" "SOURCES;LINK")
+    add_library(${name} STATIC ${room_SOURCES})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../src)
+    target_link_libraries(${name} PUBLIC ${room_LINK})
+endfunction()

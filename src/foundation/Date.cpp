@@ -1,0 +1,160 @@
+#include "foundation/Date.h"
+
+#include "foundation/Environment.h"
+
+#include <map>
+#include <memory>
+#include <unicode/basictz.h>
+#include <unicode/gregocal.h>
+#include <unicode/smpdtfmt.h>
+#include <unicode/tztrans.h>
+#include <utility>
+
+namespace {
+
+using std::chrono::milliseconds;
+
+/** A time on the wall, counted in milliseconds since 1970-01-01 00:00 of the wall's own clock. */
+using LocalTime = std::chrono::local_time<milliseconds>;
+
+icu::UnicodeString toIcu(const QString& text) {
+    return {QStringView(text).utf16(), int32_t(text.size())};
+}
+
+const icu::BasicTimeZone& timeZone(const QString& identifier) {
+    thread_local std::map<QString, std::unique_ptr<icu::BasicTimeZone>> zones;
+    std::unique_ptr<icu::BasicTimeZone>& zone = zones[identifier];
+    if (!zone) {
+        std::unique_ptr<icu::TimeZone> made(icu::TimeZone::createTimeZone(toIcu(identifier)));
+        // Every zone that ICU makes from an identifier is a BasicTimeZone.
+        zone.reset(dynamic_cast<icu::BasicTimeZone*>(made.release()));
+    }
+    return *zone;
+}
+
+LocalTime toLocalTime(Date date, const icu::BasicTimeZone& zone) {
+    int32_t standardOffset = 0;
+    int32_t daylightOffset = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    zone.getOffset(double(date.time_since_epoch().count()), false, standardOffset, daylightOffset,
+                   status);
+    return LocalTime(date.time_since_epoch() + milliseconds(standardOffset + daylightOffset));
+}
+
+Date toDate(LocalTime time, const icu::BasicTimeZone& zone) {
+    int32_t standardOffset = 0;
+    int32_t daylightOffset = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    zone.getOffsetFromLocal(double(time.time_since_epoch().count()), UCAL_TZ_LOCAL_FORMER,
+                            UCAL_TZ_LOCAL_FORMER, standardOffset, daylightOffset, status);
+    return Date(time.time_since_epoch() - milliseconds(standardOffset + daylightOffset));
+}
+
+/** The first moment of a day whose midnight is given, which daylight saving may skip. */
+Date startOfDay(LocalTime midnight, const icu::BasicTimeZone& zone) {
+    const Date date = toDate(midnight, zone);
+    icu::TimeZoneTransition change;
+    if (toLocalTime(date, zone) != midnight &&
+        zone.getPreviousTransition(double(date.time_since_epoch().count()), true, change))
+        return Date(milliseconds(int64_t(change.getTime())));
+    return date;
+}
+
+// All formatters read and write wall times as if they were UTC: the time zone is applied apart
+// from them, so that a strict parse does not refuse the times that daylight saving skips.
+std::unique_ptr<icu::DateFormat> prepared(std::unique_ptr<icu::DateFormat> format) {
+    format->setTimeZone(*icu::TimeZone::getGMT());
+    format->setLenient(false);
+    // WallTime knows no Julian calendar, so neither do the formatters.
+    if (auto* calendar = dynamic_cast<const icu::GregorianCalendar*>(format->getCalendar())) {
+        UErrorCode status = U_ZERO_ERROR;
+        std::unique_ptr<icu::GregorianCalendar> proleptic(calendar->clone());
+        proleptic->setGregorianChange(-1e15, status);
+        format->adoptCalendar(proleptic.release());
+    }
+    return format;
+}
+
+const icu::DateFormat& styleFormat(DateStyle style, const QString& locale) {
+    thread_local std::map<std::pair<QString, DateStyle>, std::unique_ptr<icu::DateFormat>> formats;
+    std::unique_ptr<icu::DateFormat>& format = formats[{locale, style}];
+    if (!format) {
+        format = prepared(std::unique_ptr<icu::DateFormat>(icu::DateFormat::createDateInstance(
+            style == DateStyle::Medium ? icu::DateFormat::kMedium : icu::DateFormat::kLong,
+            icu::Locale(locale.toLatin1().constData()))));
+    }
+    return *format;
+}
+
+const icu::DateFormat& patternFormat(const QString& pattern, const QString& locale) {
+    thread_local std::map<std::pair<QString, QString>, std::unique_ptr<icu::DateFormat>> formats;
+    std::unique_ptr<icu::DateFormat>& format = formats[{locale, pattern}];
+    if (!format) {
+        UErrorCode status = U_ZERO_ERROR;
+        icu::Locale gregorian(locale.toLatin1().constData());
+        gregorian.setKeywordValue("calendar", "gregorian", status);
+        format =
+            prepared(std::make_unique<icu::SimpleDateFormat>(toIcu(pattern), gregorian, status));
+        format->setBooleanAttribute(UDAT_PARSE_PARTIAL_LITERAL_MATCH, false, status);
+        format->setBooleanAttribute(UDAT_PARSE_MULTIPLE_PATTERNS_FOR_MATCH, false, status);
+    }
+    return *format;
+}
+
+std::optional<LocalTime> parse(const QString& text, const icu::DateFormat& format) {
+    using namespace std::chrono_literals;
+    constexpr LocalTime beginning = std::chrono::local_days(1y / 1 / 1);
+    constexpr LocalTime end = std::chrono::local_days(10000y / 1 / 1);
+
+    // ICU takes minutes over millions of digits.
+    constexpr qsizetype longestText = 200;
+    if (text.size() > longestText)
+        return std::nullopt;
+    icu::ParsePosition position;
+    const UDate parsed = format.parse(toIcu(text), position);
+    if (position.getErrorIndex() >= 0 || position.getIndex() != text.size())
+        return std::nullopt;
+    const LocalTime time{milliseconds(int64_t(parsed))};
+    if (time < beginning || time >= end)
+        return std::nullopt;
+    return time;
+}
+
+} // namespace
+
+QString formatDate(Date date, DateStyle style, const Environment& environment) {
+    const LocalTime time = toLocalTime(date, timeZone(environment.timeZone));
+    icu::UnicodeString text;
+    styleFormat(style, environment.locale).format(double(time.time_since_epoch().count()), text);
+    return QString::fromUtf16(text.getBuffer(), text.length());
+}
+
+std::optional<Date> parseDate(const QString& text, DateStyle style,
+                              const Environment& environment) {
+    const auto midnight = parse(text, styleFormat(style, environment.locale));
+    if (!midnight)
+        return std::nullopt;
+    return startOfDay(*midnight, timeZone(environment.timeZone));
+}
+
+std::optional<Date> parseDatePattern(const QString& text, const QString& pattern,
+                                     const Environment& environment) {
+    const auto time = parse(text, patternFormat(pattern, environment.locale));
+    if (!time)
+        return std::nullopt;
+    return toDate(*time, timeZone(environment.timeZone));
+}
+
+WallTime wallTime(Date date, const Environment& environment) {
+    const LocalTime time = toLocalTime(date, timeZone(environment.timeZone));
+    const auto midnight = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day day(midnight);
+    return {int(day.year()), int(unsigned(day.month())), int(unsigned(day.day())), time - midnight};
+}
+
+Date dateFromWallTime(const WallTime& time, const Environment& environment) {
+    const std::chrono::year_month_day day{std::chrono::year(time.year),
+                                          std::chrono::month(unsigned(time.month)),
+                                          std::chrono::day(unsigned(time.day))};
+    return toDate(std::chrono::local_days(day) + time.timeOfDay, timeZone(environment.timeZone));
+}

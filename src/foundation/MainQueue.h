@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+
+/** Work for the main thread, later: as soon as possible, or after some seconds. */
+class MainQueue {
+public:
+    virtual ~MainQueue() = default;
+    virtual void async(std::function<void()> work) = 0;
+    virtual void after(double seconds, std::function<void()> work) = 0;
+};
+
+/** The main queue of a running program: Qt's event loop. */
+class EventLoopMainQueue final : public MainQueue {
+public:
+    void async(std::function<void()> work) override;
+    void after(double seconds, std::function<void()> work) override;
+};

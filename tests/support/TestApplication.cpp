@@ -1,0 +1,62 @@
+#include "TestApplication.h"
+
+#include <ostream>
+
+using namespace std::chrono_literals;
+
+void PrintTo(const QString& text, std::ostream* stream) {
+    *stream << '"' << text.toStdString() << '"';
+}
+
+TestApplication::TestApplication()
+    : environment{[] { return Date(1'614'600'000'000ms); }, // 2021-03-01 12:00 UTC
+                  QStringLiteral("en_US"), QStringLiteral("UTC"), SystemVersion{17, 0}}
+    , userDefaults(folder.filePath(QStringLiteral("settings/Lantern.ini")))
+    , delegate(Services{environment, userDefaults, mainQueue, keyboard, classes, selection,
+                        folder.filePath(QStringLiteral("store"))}) {
+    setFatalErrorHandler([](const FatalError& error) { throw error; });
+}
+
+TestApplication::~TestApplication() {
+    setFatalErrorHandler(nullptr);
+}
+
+Event& TestApplication::addQuote(const QuoteValues& values) {
+    const auto text = [](const char* value) {
+        return value ? std::optional(QString::fromUtf8(value)) : std::nullopt;
+    };
+    Event& quote = *context().insert<Event>();
+    quote.setAuthor(text(values.author));
+    quote.setCategory(text(values.category));
+    quote.setSource(text(values.source));
+    quote.setQuote(text(values.quote));
+    quote.setTimestamp(values.timestamp);
+    if (const auto error = context().save())
+        throw std::runtime_error(error->description.toStdString());
+    return quote;
+}
+
+QString fatalMessageOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const FatalError& error) {
+        return error.message;
+    }
+    return {};
+}
+
+AlertController* presentedAlert(ViewController& screen) {
+    return qobject_cast<AlertController*>(screen.presentedViewController());
+}
+
+QStringList& recordSegues(ViewController& screen) {
+    class Recorder : public QObject {
+    public:
+        using QObject::QObject;
+        QStringList identifiers;
+    };
+    auto* recorder = new Recorder(&screen);
+    QObject::connect(&screen, &ViewController::segueRequested, recorder,
+                     [recorder](const QString& segue) { recorder->identifiers.append(segue); });
+    return recorder->identifiers;
+}
