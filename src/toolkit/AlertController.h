@@ -1,0 +1,41 @@
+#pragma once
+
+#include "toolkit/ViewController.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+/** A short message over the screen, with actions to choose from. */
+class AlertController : public ViewController {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Controllers make their alerts")
+    Q_PROPERTY(QString message READ message CONSTANT)
+    Q_PROPERTY(QString heading READ title CONSTANT)
+    Q_PROPERTY(QStringList actionTitles READ actionTitles CONSTANT)
+
+public:
+    AlertController(const QString& title, const QString& message);
+
+    QString message() const { return m_message; }
+    QStringList actionTitles() const;
+    /** The handler, which may be absent, runs after the alert has gone. */
+    void addAction(const QString& title, std::function<void()> handler = nullptr);
+
+    Q_INVOKABLE void choose(int action);
+
+private:
+    struct Action {
+        QString title;
+        std::function<void()> handler;
+    };
+
+    QString m_message;
+    std::vector<Action> m_actions;
+};
+
+/** Presents an alert with the one action "OK". */
+void presentAlert(ViewController& presenting, const QString& title, const QString& message,
+                  std::function<void()> handler = nullptr);

@@ -1,0 +1,15 @@
+#include "BarButtonItem.h"
+
+BarButtonItem::BarButtonItem(QObject* parent, const QString& title, std::function<void()> action)
+    : QObject(parent)
+    , m_title(title)
+    , m_action(std::move(action)) {}
+
+BarButtonItem* BarButtonItem::makeFlexibleSpace(QObject* parent) {
+    return new BarButtonItem(parent, {}, nullptr);
+}
+
+void BarButtonItem::press() {
+    if (m_action)
+        m_action();
+}

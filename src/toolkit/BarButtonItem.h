@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <functional>
+
+/** A plain button of a navigation bar or toolbar, or the flexible space between two. */
+class BarButtonItem : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Controllers make their bar buttons")
+    Q_PROPERTY(QString title READ title CONSTANT)
+    Q_PROPERTY(bool flexibleSpace READ isFlexibleSpace CONSTANT)
+
+public:
+    BarButtonItem(QObject* parent, const QString& title, std::function<void()> action);
+
+    static BarButtonItem* makeFlexibleSpace(QObject* parent);
+
+    QString title() const { return m_title; }
+    bool isFlexibleSpace() const { return !m_action; }
+
+    Q_INVOKABLE void press();
+
+private:
+    QString m_title;
+    std::function<void()> m_action;
+};

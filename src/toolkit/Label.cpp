@@ -1,0 +1,27 @@
+#include "Label.h"
+
+Label::Label(QObject* parent)
+    : View(parent) {}
+
+void Label::setText(const QString& text) {
+    if (text == m_text)
+        return;
+    m_text = text;
+    Q_EMIT textChanged();
+}
+
+void Label::setBoldSystemFont(double size) {
+    m_fontSize = size;
+    m_bold = true;
+    Q_EMIT lookChanged();
+}
+
+void Label::setCentered(bool centered) {
+    m_centered = centered;
+    Q_EMIT lookChanged();
+}
+
+void Label::setTextColor(const Color& color) {
+    m_textColor = color;
+    Q_EMIT lookChanged();
+}

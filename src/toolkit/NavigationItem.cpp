@@ -1,0 +1,24 @@
+#include "NavigationItem.h"
+
+void NavigationItem::setTitle(const QString& title) {
+    m_title = title;
+    Q_EMIT changed();
+}
+
+void NavigationItem::setTitleView(View* view) {
+    m_titleView = view;
+    Q_EMIT changed();
+}
+
+BarButtonItem* NavigationItem::addRightBarButtonItem(const QString& title,
+                                                     std::function<void()> action) {
+    auto* item = new BarButtonItem(this, title, std::move(action));
+    m_rightBarButtonItems.append(item);
+    Q_EMIT changed();
+    return item;
+}
+
+void NavigationItem::setBackBarButtonItem(BarButtonItem* item) {
+    m_backBarButtonItem = item;
+    Q_EMIT changed();
+}

@@ -1,0 +1,110 @@
+#include "TableView.h"
+
+#include "toolkit/TableViewController.h"
+
+#include <algorithm>
+
+TableViewCell::TableViewCell(QObject* parent, const QString& reuseIdentifier)
+    : View(parent)
+    , m_reuseIdentifier(reuseIdentifier) {}
+
+TableView::TableView(TableViewController& controller)
+    : m_controller(controller)
+    , m_header(this) {}
+
+void TableView::setSearchController(SearchController* controller) {
+    m_searchController = controller;
+    Q_EMIT searchControllerChanged();
+}
+
+void TableView::reloadData() {
+    // Growing or shrinking at the end, rather than a reset, keeps the place in the list.
+    const int count = m_controller.numberOfRowsInSection(0);
+    if (count > m_rowCount) {
+        beginInsertRows({}, m_rowCount, count - 1);
+        m_rowCount = count;
+        endInsertRows();
+    } else if (count < m_rowCount) {
+        beginRemoveRows({}, count, m_rowCount - 1);
+        m_rowCount = count;
+        endRemoveRows();
+    }
+    deselectRow();
+    updateHeader();
+    Q_EMIT reloaded();
+}
+
+void TableView::deleteRow(int row) {
+    beginRemoveRows({}, row, row);
+    --m_rowCount;
+    endRemoveRows();
+    deselectRow();
+    updateHeader();
+}
+
+TableViewCell* TableView::beginDisplaying(int row) {
+    return m_controller.cellForRowAtIndexPath(row);
+}
+
+void TableView::endDisplaying(TableViewCell* cell) {
+    if (cell)
+        m_unused.push_back(cell);
+}
+
+double TableView::heightForRow(int row) const {
+    return m_controller.heightForRowAtIndexPath(row);
+}
+
+void TableView::selectRow(int row) {
+    m_selectedRow = row;
+    Q_EMIT selectedRowChanged();
+    m_controller.didSelectRowAtIndexPath(row);
+    if (!m_controller.rowSegue.isEmpty())
+        m_controller.performSegue(m_controller.rowSegue, this);
+}
+
+void TableView::deselectRow() {
+    if (m_selectedRow < 0)
+        return;
+    m_selectedRow = -1;
+    Q_EMIT selectedRowChanged();
+}
+
+QStringList TableView::swipeActionTitles(int row) const {
+    QStringList titles;
+    if (m_controller.canEditRowAtIndexPath(row)) {
+        for (const auto& action :
+             m_controller.trailingSwipeActionsConfigurationForRowAtIndexPath(row))
+            titles.append(action.title);
+    }
+    return titles;
+}
+
+void TableView::performSwipeAction(int row, int action) {
+    const auto actions = m_controller.trailingSwipeActionsConfigurationForRowAtIndexPath(row);
+    actions.at(std::size_t(action)).handler();
+}
+
+int TableView::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : m_rowCount;
+}
+
+QVariant TableView::data(const QModelIndex& /*index*/, int /*role*/) const {
+    return {};
+}
+
+TableViewCell* TableView::takeUnused(const QString& identifier) {
+    const auto found = std::find_if(m_unused.rbegin(), m_unused.rend(), [&](const auto* cell) {
+        return cell->reuseIdentifier() == identifier;
+    });
+    if (found == m_unused.rend())
+        return nullptr;
+    TableViewCell* cell = *found;
+    m_unused.erase(std::next(found).base());
+    return cell;
+}
+
+void TableView::updateHeader() {
+    m_header.setText(m_controller.titleForHeaderInSection(0));
+    m_controller.willDisplayHeaderView(m_header, 0);
+}

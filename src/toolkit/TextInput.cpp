@@ -1,0 +1,45 @@
+#include "TextInput.h"
+
+void TextInput::setText(const QString& text) {
+    if (text == m_text)
+        return;
+    m_text = text;
+    Q_EMIT textChanged();
+}
+
+void TextInput::setInputView(View* view) {
+    m_inputView = view;
+    Q_EMIT inputViewChanged();
+}
+
+void TextInput::setInputAccessoryView(Toolbar* toolbar) {
+    m_inputAccessoryView = toolbar;
+    Q_EMIT inputViewChanged();
+}
+
+void TextInput::beginEditing() {
+    if (m_editing)
+        return;
+    for (TextInput* other : parent()->findChildren<TextInput*>())
+        other->endEditing();
+    m_editing = true;
+    Q_EMIT editingDidBegin();
+    Q_EMIT editingChanged();
+}
+
+void TextInput::endEditing() {
+    if (!m_editing)
+        return;
+    m_editing = false;
+    Q_EMIT editingChanged();
+}
+
+TextView::TextView(QObject* parent, const QString& accessibilityLabel)
+    : TextInput(parent, accessibilityLabel) {
+    connect(this, &TextInput::textChanged, this, [this] { m_lines.setText(text()); });
+}
+
+void TextView::setBottomInset(double inset) {
+    m_bottomInset = inset;
+    Q_EMIT bottomInsetChanged();
+}

@@ -1,0 +1,113 @@
+#include "toolkit/Button.h"
+#include "toolkit/DatePicker.h"
+#include "toolkit/PickerView.h"
+#include "toolkit/SearchController.h"
+#include "toolkit/SegmentedControl.h"
+#include "toolkit/TextInput.h"
+#include "toolkit/TextLines.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+TEST(Color, FollowsHueSaturationAndBrightness) {
+    EXPECT_EQ(Color::hsb(0.5, 0.06, 0.96).name(), "#ffe6f5f5");
+    EXPECT_EQ(Color::hsb(0, 1, 1).name(), "#ffff0000");
+    EXPECT_EQ(Color::hsb(2.0 / 3, 1, 0.5, 0).name(), "#00000080");
+    EXPECT_EQ(Color::hsb(1, 1, 1), Color::hsb(0, 1, 1));
+}
+
+TEST(Button, DoesNothingWhileDisabledOrHidden) {
+    Button button(nullptr, QStringLiteral("Go"));
+    const QSignalSpy presses(&button, &Button::touchUpInside);
+    button.setEnabled(false);
+    button.press();
+    button.setEnabled(true);
+    View::animate(0.3, [&] { button.setHidden(true); });
+    EXPECT_EQ(button.hidingDuration(), 0.3);
+    button.press();
+    EXPECT_EQ(presses.size(), 0);
+    button.setHidden(false);
+    EXPECT_EQ(button.hidingDuration(), 0);
+    button.press();
+    EXPECT_EQ(presses.size(), 1);
+}
+
+TEST(SegmentedControl, TellsOfTheUsersChangesAlone) {
+    SegmentedControl segments(nullptr, {QStringLiteral("One"), QStringLiteral("Two")});
+    const QSignalSpy changes(&segments, &SegmentedControl::valueChanged);
+    segments.setSelectedIndex(1);
+    segments.choose(1);
+    segments.choose(2);
+    EXPECT_EQ(changes.size(), 0);
+    segments.choose(0);
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(segments.selectedIndex(), 0);
+}
+
+TEST(TextInput, OneOfAScreenIsEdited) {
+    QObject screen;
+    TextField name(&screen);
+    TextView text(&screen);
+    const QSignalSpy begun(&name, &TextInput::editingDidBegin);
+    name.beginEditing();
+    name.beginEditing();
+    EXPECT_EQ(begun.size(), 1);
+    text.beginEditing();
+    EXPECT_FALSE(name.isEditing());
+    EXPECT_TRUE(text.isEditing());
+}
+
+TEST(TextView, GivesItsTextALineARow) {
+    TextView view(nullptr);
+    const auto lines = [&] {
+        QStringList list;
+        for (int row = 0; row < view.lines()->rowCount(); ++row)
+            list.append(view.lines()->data(view.lines()->index(row), Qt::DisplayRole).toString());
+        return list;
+    };
+    EXPECT_EQ(lines(), QStringList());
+    view.setText(QStringLiteral("one\r\n\ntwo"));
+    EXPECT_EQ(lines(), QStringList({"one", "", "two"}));
+    view.setText(QString(2'000'000, QLatin1Char('x')) + QStringLiteral("\nend\n"));
+    EXPECT_EQ(lines().size(), 2);
+    EXPECT_LE(lines().at(0).size(), 1000);
+    EXPECT_EQ(lines().at(1), "end");
+}
+
+TEST(SearchController, RunsTheSearchOnEveryChangeOfTheText) {
+    SearchController search(nullptr, QStringLiteral("Search"));
+    int runs = 0;
+    search.searchResultsUpdater = [&](SearchController&) { ++runs; };
+    search.searchBar()->setText(QStringLiteral("a"));
+    search.searchBar()->setText(QStringLiteral("a"));
+    search.setActive(true);
+    search.dismiss();
+    EXPECT_FALSE(search.isActive());
+    EXPECT_EQ(search.searchBar()->text(), QStringLiteral("a"));
+    search.searchBar()->setText(std::nullopt);
+    EXPECT_EQ(runs, 2);
+}
+
+TEST(DatePicker, ChangesTheDayAndKeepsTheTimeInItsZone) {
+    const Environment environment{[] { return Date(1'614'556'740'000ms); }, // 2021-02-28 23:59 UTC
+                                  QStringLiteral("de_DE"), QStringLiteral("Asia/Tokyo")};
+    DatePicker picker(nullptr, {}, environment);
+    const QSignalSpy changes(&picker, &DatePicker::valueChanged);
+    EXPECT_EQ(picker.day(), 1);
+    EXPECT_EQ(picker.month(), 3);
+    picker.choose(2024, 2, 31);
+    EXPECT_EQ(picker.day(), 29);
+    EXPECT_EQ(picker.date(), Date(1'709'164'740'000ms)); // 2024-02-28 23:59 UTC
+    EXPECT_EQ(changes.size(), 1);
+    picker.setDate(environment.now());
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(picker.monthNames().at(2), QStringLiteral("März"));
+    EXPECT_EQ(picker.firstWeekday(), 1);
+}
+
+} // namespace
