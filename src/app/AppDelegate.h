@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/Services.h"
+#include "store/PersistentContainer.h"
+#include "toolkit/Window.h"
+
+#include <memory>
+
+/** The owner of the store, which opens when a screen first asks for it. */
+class AppDelegate {
+public:
+    explicit AppDelegate(const Services& services);
+
+    std::unique_ptr<Window> window;
+
+    /** The one store; failing to open it is a fatal error. */
+    PersistentContainer& persistentContainer();
+    /** Writes unsaved changes, if any; failing to is a fatal error. */
+    void saveContext();
+
+    bool didFinishLaunchingWithOptions();
+    void applicationWillResignActive() {}
+    void applicationDidEnterBackground() {}
+    void applicationWillEnterForeground() {}
+    void applicationDidBecomeActive() {}
+    void applicationWillTerminate();
+
+    const Services services;
+
+private:
+    std::unique_ptr<PersistentContainer> m_persistentContainer;
+};
+
+/** A new container on the program's store. */
+std::unique_ptr<PersistentContainer> makePersistentContainer(const Services& services);
+
+/** Gives text views the layout class that systems before 13.2 lack. */
+void installTextViewFix(ClassRuntime& classes, const SystemVersion& version);

@@ -1,0 +1,131 @@
+#include "MainMenuViewController.h"
+
+#include "foundation/FatalError.h"
+#include "shared/CommonLook.h"
+#include "toolkit/NavigationController.h"
+
+#include <QLoggingCategory>
+#include <QSet>
+
+Q_LOGGING_CATEGORY(lcApp, "lantern.app")
+
+namespace {
+
+// A container of its own keeps the names out of the memory of the one that the screens share.
+template <class Record>
+void deleteAll(const Services& services) {
+    const auto container = makePersistentContainer(services);
+    if (const auto error = container->loadPersistentStores())
+        fatalError(error->unresolved());
+    ManagedObjectContext& context = container->viewContext();
+    auto request = Record::fetchRequest();
+    request.includesPropertyValues = false;
+    const auto result = context.fetch(request);
+    if (result.error)
+        fatalError(result.error->unresolved());
+    for (Record* record : result.records) {
+        context.deleteObject(*record);
+        if (const auto error = context.save())
+            fatalError(error->unresolved());
+    }
+}
+
+/** The distinct texts of one attribute, ascending; a quote without it is a fatal error. */
+QStringList distinctNames(ManagedObjectContext& context, TextKey<Event> key,
+                          std::optional<QString> (Event::*name)() const) {
+    auto request = Event::fetchRequest();
+    request.sortDescriptors = {{key, true}};
+    const auto result = context.fetch(request);
+    if (result.error)
+        qCWarning(lcApp) << result.error->description;
+    QStringList names;
+    QSet<QString> known;
+    for (const Event* quote : result.records) {
+        const auto text = (quote->*name)();
+        if (!text)
+            fatalError(QStringLiteral("A quote has no author or no source"));
+        if (!known.contains(*text)) {
+            known.insert(*text);
+            names.append(*text);
+        }
+    }
+    return names;
+}
+
+template <class Record>
+void insertNames(ManagedObjectContext& context, const QStringList& names) {
+    SaveGroup group(context);
+    for (const QString& name : names) {
+        context.insert<Record>()->setName(name);
+        if (const auto error = context.save())
+            qCWarning(lcApp) << error->description;
+    }
+    if (const auto error = group.finish())
+        qCWarning(lcApp) << error->description;
+}
+
+} // namespace
+
+MainMenuViewController::MainMenuViewController(AppDelegate& application)
+    : MenuButton(new Button(this, QStringLiteral("Menu")))
+    , QuoteListButton(new Button(this, QStringLiteral("Quote List")))
+    , QuoteListByGroupsButton(new Button(this, QStringLiteral("Quotes by Group")))
+    , AddNewQuoteButton(new Button(this, QStringLiteral("Add New Quote")))
+    , TopicsButton(new Button(this, QStringLiteral("Topics")))
+    , ImportButton(new Button(this, QStringLiteral("Import")))
+    , ExportButton(new Button(this, QStringLiteral("Export")))
+    , RateShareButton(new Button(this, QStringLiteral("Rate/Share")))
+    , DefaultButton(new Button(this, QStringLiteral("Settings")))
+    , userDefaults(application.services.userDefaults)
+    , m_application(application) {
+    connect(MenuButton, &Button::touchUpInside, this, &MainMenuViewController::handleSelection);
+}
+
+void MainMenuViewController::viewDidLoad() {
+    rebuildNamesAtFirstLaunch();
+    m_application.services.selection.callingScreen = QStringLiteral("Menu");
+    for (Button* option : menuOptionsButton)
+        styleButton(*option);
+}
+
+void MainMenuViewController::viewWillAppear() {
+    for (Button* option : menuOptionsButton)
+        option->setHidden(true);
+    if (NavigationController* navigation = navigationController())
+        navigation->setNavigationBarHidden(false);
+    m_application.services.selection.callingScreen = QStringLiteral("Menu");
+}
+
+void MainMenuViewController::prepareForSegue(Segue& segue, QObject* /*sender*/) {
+    if (segue.identifier() != QStringLiteral("TabBarController"))
+        return;
+    if (NavigationController* navigation = navigationController())
+        navigation->setNavigationBarHidden(true);
+}
+
+void MainMenuViewController::handleSelection() {
+    for (Button* option : menuOptionsButton)
+        View::animate(0.3, [option] { option->setHidden(!option->isHidden()); });
+}
+
+void MainMenuViewController::unwindToMainMenuWithSegue(Segue* /*segue*/) {}
+
+void MainMenuViewController::rebuildNamesAtFirstLaunch() {
+    if (userDefaults.boolForKey(AboutHasBeenLaunchedBeforeFlag))
+        return;
+    userDefaults.setBool(AboutHasBeenLaunchedBeforeFlag, true);
+    userDefaults.synchronize();
+
+    deleteAll<Sources>(m_application.services);
+    deleteAll<Authors>(m_application.services);
+    ManagedObjectContext& context = m_application.persistentContainer().viewContext();
+    SourcesList = distinctNames(context, Event::Keys::source, &Event::source);
+    AuthorsList = distinctNames(context, Event::Keys::author, &Event::author);
+    managedObjectContext = &context;
+    insertNames<Sources>(context, SourcesList);
+    insertNames<Authors>(context, AuthorsList);
+}
+
+QList<QObject*> MainMenuViewController::shownOptions() const {
+    return {menuOptionsButton.begin(), menuOptionsButton.end()};
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "foundation/ClassRuntime.h"
+#include "foundation/Environment.h"
+#include "foundation/MainQueue.h"
+#include "foundation/UserDefaults.h"
+#include "shared/SelectionValues.h"
+#include "toolkit/Keyboard.h"
+
+#include <QString>
+
+/** What the device and the program offer to every screen, handed in where the program starts. */
+struct Services {
+    Environment& environment;
+    UserDefaults& userDefaults;
+    MainQueue& mainQueue;
+    Keyboard& keyboard;
+    ClassRuntime& classes;
+    SelectionValues& selection;
+    QString storeFolder;
+};

@@ -1,0 +1,62 @@
+#include "app/AppDelegate.h"
+#include "support/TestApplication.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(AppDelegate, OpensTheStoreOnceAndOnlyOnDemand) {
+    TestApplication application;
+    const QString file = application.folder.filePath(QStringLiteral("store/Lantern.sqlite"));
+    application.delegate.didFinishLaunchingWithOptions();
+    application.delegate.applicationWillTerminate();
+    EXPECT_FALSE(QFile::exists(file));
+    PersistentContainer& container = application.delegate.persistentContainer();
+    EXPECT_TRUE(QFile::exists(file));
+    EXPECT_EQ(&application.delegate.persistentContainer(), &container);
+}
+
+TEST(AppDelegate, SavesPendingChangesAtTheEnd) {
+    TestApplication application;
+    application.context().insert<Topics>()->setTopic(QStringLiteral("Hope"));
+    EXPECT_TRUE(application.context().hasChanges());
+    application.delegate.applicationWillTerminate();
+    EXPECT_FALSE(application.context().hasChanges());
+}
+
+TEST(AppDelegate, EndsTheProgramWhenTheStoreCannotBeOpened) {
+    TestApplication application;
+    QFile file(application.folder.filePath(QStringLiteral("store")));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("a file where the folder should be");
+    file.close();
+    try {
+        application.delegate.persistentContainer();
+        FAIL() << "the store was opened";
+    } catch (const FatalError& error) {
+        EXPECT_TRUE(error.message.startsWith(QStringLiteral("Unresolved error ")));
+        EXPECT_EQ(error.file, "AppDelegate.cpp");
+        EXPECT_GT(error.line, 0);
+    }
+}
+
+TEST(TextViewFix, RegistersTheClassOnceOnOldSystemsOnly) {
+    const auto name = QStringLiteral("_UITextLayoutView");
+    ClassRuntime classes;
+    installTextViewFix(classes, {17, 0});
+    installTextViewFix(classes, {13, 2});
+    EXPECT_FALSE(classes.getClass(name));
+    installTextViewFix(classes, {13, 1});
+    EXPECT_TRUE(classes.getClass(name));
+    installTextViewFix(classes, {13, 1});
+    EXPECT_TRUE(classes.getClass(name));
+
+    ClassRuntime occupied;
+    occupied.allocateClassPair(QStringLiteral("View"), name);
+    const TestApplication application;
+    EXPECT_NE(fatalMessageOf([&] { installTextViewFix(occupied, {12, 0}); }), "");
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+#include "app/MainMenuViewController.h"
+#include "app/ReferenceListsViewController.h"
+#include "support/TestApplication.h"
+#include "toolkit/NavigationController.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList namesOf(TestApplication& application) {
+    return application.names<Sources>(&Sources::name) + QStringList("|") +
+           application.names<Authors>(&Authors::name);
+}
+
+TEST(MainMenu, RebuildsTheNamesAtTheVeryFirstLaunchOnly) {
+    TestApplication application;
+    application.addQuote({.author = "ann", .source = "B"});
+    application.addQuote({.author = "Ann", .source = "A"});
+    application.addQuote({.author = "Ann", .source = "B"});
+    application.context().insert<Authors>()->setName(QStringLiteral("left over"));
+    application.context().insert<Sources>()->setName(QStringLiteral("left over"));
+    application.delegate.saveContext();
+
+    MainMenuViewController menu(application.delegate);
+    menu.viewDidLoad();
+    EXPECT_EQ(namesOf(application), QStringList({"A", "B", "|", "Ann", "ann"}));
+    EXPECT_EQ(menu.SourcesList, QStringList({"A", "B"}));
+    EXPECT_TRUE(application.userDefaults.boolForKey(menu.AboutHasBeenLaunchedBeforeFlag));
+
+    for (Sources* source : application.all<Sources>())
+        application.context().deleteObject(*source);
+    application.delegate.saveContext();
+    MainMenuViewController second(application.delegate);
+    second.viewDidLoad();
+    EXPECT_EQ(namesOf(application), QStringList({"|", "Ann", "ann"}));
+}
+
+TEST(MainMenu, FirstLaunchOfAnEmptyStoreSetsTheFlagAlone) {
+    TestApplication application;
+    MainMenuViewController menu(application.delegate);
+    menu.viewDidLoad();
+    EXPECT_EQ(namesOf(application), QStringList("|"));
+    EXPECT_TRUE(application.userDefaults.boolForKey(menu.AboutHasBeenLaunchedBeforeFlag));
+    EXPECT_EQ(application.selection.callingScreen, "Menu");
+}
+
+TEST(MainMenu, LaterLaunchesDoNotOpenTheStore) {
+    TestApplication application;
+    application.userDefaults.setBool(QStringLiteral("AboutHasBeenLaunchedBeforeFlag"), true);
+    MainMenuViewController menu(application.delegate);
+    menu.viewDidLoad();
+    EXPECT_FALSE(QFile::exists(application.folder.filePath(QStringLiteral("store"))));
+}
+
+TEST(MainMenu, RebuildEndsTheProgramAtAQuoteWithoutAName) {
+    TestApplication application;
+    application.addQuote({.author = "Ann", .source = "A"});
+    application.addQuote({.source = "A"});
+    MainMenuViewController menu(application.delegate);
+    EXPECT_NE(fatalMessageOf([&] { menu.viewDidLoad(); }), "");
+    // Every source was gathered, no author; nothing was written, and no launch tries again.
+    EXPECT_EQ(menu.SourcesList, QStringList("A"));
+    EXPECT_EQ(namesOf(application), QStringList("|"));
+    EXPECT_TRUE(application.userDefaults.boolForKey(menu.AboutHasBeenLaunchedBeforeFlag));
+}
+
+TEST(MainMenu, OptionsShowAndHideTogether) {
+    TestApplication application;
+    MainMenuViewController menu(application.delegate);
+    menu.menuOptionsButton = {menu.QuoteListButton, menu.ImportButton};
+    menu.viewDidLoad();
+    EXPECT_EQ(menu.ImportButton->cornerRadius(), 10);
+    EXPECT_EQ(menu.ImportButton->borderWidth(), 2);
+    menu.viewWillAppear();
+    EXPECT_TRUE(menu.QuoteListButton->isHidden());
+    menu.MenuButton->press();
+    EXPECT_FALSE(menu.QuoteListButton->isHidden());
+    EXPECT_FALSE(menu.ImportButton->isHidden());
+    EXPECT_EQ(menu.ImportButton->hidingDuration(), 0.3);
+    menu.MenuButton->press();
+    EXPECT_TRUE(menu.QuoteListButton->isHidden());
+    EXPECT_TRUE(menu.ImportButton->isHidden());
+}
+
+TEST(MainMenu, HidesTheNavigationBarForTheTabScreenAlone) {
+    TestApplication application;
+    NavigationController navigation(std::make_unique<MainMenuViewController>(application.delegate));
+    ViewController& menu = *navigation.topViewController();
+    Segue other(QStringLiteral("ImportViewController"), menu, menu);
+    menu.prepareForSegue(other, nullptr);
+    EXPECT_FALSE(navigation.isNavigationBarHidden());
+    Segue tabs(QStringLiteral("TabBarController"), menu, menu);
+    menu.prepareForSegue(tabs, nullptr);
+    EXPECT_TRUE(navigation.isNavigationBarHidden());
+    application.selection.callingScreen = QStringLiteral("Master");
+    menu.viewWillAppear();
+    EXPECT_FALSE(navigation.isNavigationBarHidden());
+    EXPECT_EQ(application.selection.callingScreen, "Menu");
+}
+
+TEST(ReferenceLists, StylesItsButtons) {
+    ReferenceListsViewController menu;
+    menu.viewDidLoad();
+    EXPECT_EQ(menu.TopicsButton->cornerRadius(), 10);
+    EXPECT_EQ(menu.AuthorsButton->borderWidth(), 2);
+}
+
+} // namespace
