@@ -1,0 +1,68 @@
+#include "AddViewController.h"
+
+#include "shared/CommonLook.h"
+
+#include <QLoggingCategory>
+
+Q_DECLARE_LOGGING_CATEGORY(lcQuotes)
+
+AddViewController::AddViewController(AppDelegate& application)
+    : form(*this, application)
+    , SourceTextField(form.SourceTextField)
+    , CategoryTextField(form.CategoryTextField)
+    , AuthorTextField(form.AuthorTextField)
+    , DateAddedTextField(form.DateAddedTextField)
+    , QuoteTextView(form.QuoteTextView)
+    , TopicButton(new Button(this, QStringLiteral("Topic list")))
+    , SourcesButton(new Button(this, QStringLiteral("Source list")))
+    , AuthorsButton(new Button(this, QStringLiteral("Author list")))
+    , m_application(application) {}
+
+void AddViewController::viewDidLoad() {
+    // The record lists that the form leads to write the calling screen too.
+    m_openedBy = m_application.services.selection.callingScreen;
+    form.wirePickers();
+    const Keyboard& keyboard = m_application.services.keyboard;
+    connect(&keyboard, &Keyboard::willChangeFrame, this,
+            [this](double height) { form.adjustForKeyboardWithNotification(height); });
+    connect(&keyboard, &Keyboard::willHide, this,
+            [this] { form.adjustForKeyboardWithNotification(0); });
+    for (Button* button : {TopicButton, SourcesButton, AuthorsButton}) {
+        button->setCornerRadius(5);
+        button->setBorderWidth(2);
+    }
+    TopicButton->setBorderColor(black);
+    form.styleFields();
+    form.fetchTopics();
+    form.fetchSourcesAndAuthors();
+}
+
+void AddViewController::viewWillAppear() {
+    form.fetchTopics();
+}
+
+void AddViewController::dismissKeyboard() {
+    endEditing();
+}
+
+void AddViewController::SaveQuote() {
+    if (!form.validate())
+        return;
+    ManagedObjectContext& context = m_application.persistentContainer().viewContext();
+    form.write(*context.insert<Event>());
+    if (const auto error = context.save())
+        qCWarning(lcQuotes) << error->description;
+    leave();
+}
+
+void AddViewController::leave() {
+    qCInfo(lcQuotes) << "Back button Clicked";
+    for (TextInput* field :
+         std::initializer_list<TextInput*>{SourceTextField, CategoryTextField, AuthorTextField,
+                                           DateAddedTextField, QuoteTextView})
+        field->setText(QString());
+    if (m_openedBy == QStringLiteral("Master"))
+        performSegue(QStringLiteral("unwindToMainList"), this);
+    else if (m_openedBy == QStringLiteral("Menu"))
+        performSegue(QStringLiteral("unwindToMainMenu"), this);
+}

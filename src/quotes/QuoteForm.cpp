@@ -1,0 +1,187 @@
+#include "QuoteForm.h"
+
+#include "shared/CommonLook.h"
+#include "toolkit/AlertController.h"
+
+#include <QLoggingCategory>
+
+Q_DECLARE_LOGGING_CATEGORY(lcQuotes)
+
+namespace {
+
+enum PickerTag { TopicTag = 1, SourceTag = 2, AuthorTag = 3 };
+
+template <class Record>
+std::vector<Record*> sortedNames(ManagedObjectContext& context, TextKey<Record> key) {
+    auto request = Record::fetchRequest();
+    request.returnsObjectsAsFaults = false;
+    request.sortDescriptors = {{key, true}};
+    auto result = context.fetch(request);
+    if (result.error)
+        qCWarning(lcQuotes) << result.error->description;
+    return std::move(result.records);
+}
+
+} // namespace
+
+QuoteForm::QuoteForm(ViewController& screen, AppDelegate& application)
+    : SourceTextField(new TextField(&screen, QStringLiteral("Source")))
+    , CategoryTextField(new TextField(&screen, QStringLiteral("Topic")))
+    , AuthorTextField(new TextField(&screen, QStringLiteral("Author")))
+    , DateAddedTextField(new TextField(&screen, QStringLiteral("Date")))
+    , QuoteTextView(new TextView(&screen, QStringLiteral("Quote")))
+    , datePickerView(
+          new DatePicker(&screen, QStringLiteral("Date picker"), application.services.environment))
+    , TopicPickerView(new PickerView(&screen, QStringLiteral("Topic picker")))
+    , SourcePickerView(new PickerView(&screen, QStringLiteral("Source picker")))
+    , AuthorPickerView(new PickerView(&screen, QStringLiteral("Author picker")))
+    , QuoteDate(application.services.environment.now())
+    , m_screen(screen)
+    , m_application(application) {
+    QObject::connect(DateAddedTextField, &TextInput::editingDidBegin, &screen,
+                     [this] { DateEntered(); });
+    QObject::connect(datePickerView, &DatePicker::valueChanged, &screen,
+                     [this] { m_datePicked = true; });
+}
+
+void QuoteForm::wirePickers() {
+    const auto wire = [this](PickerView& picker, PickerTag tag, TextField& field) {
+        picker.setDelegate(this);
+        picker.setTag(tag);
+        field.setInputView(&picker);
+    };
+    wire(*TopicPickerView, TopicTag, *CategoryTextField);
+    wire(*SourcePickerView, SourceTag, *SourceTextField);
+    wire(*AuthorPickerView, AuthorTag, *AuthorTextField);
+}
+
+void QuoteForm::styleFields() {
+    for (TextInput* field :
+         std::initializer_list<TextInput*>{SourceTextField, CategoryTextField, AuthorTextField,
+                                           DateAddedTextField, QuoteTextView})
+        styleFormField(*field);
+}
+
+void QuoteForm::fetchTopics() {
+    TopicList = sortedNames(m_application.persistentContainer().viewContext(), Topics::Keys::topic);
+}
+
+void QuoteForm::fetchSourcesAndAuthors() {
+    ManagedObjectContext& context = m_application.persistentContainer().viewContext();
+    SourceList = sortedNames(context, Sources::Keys::name);
+    AuthorList = sortedNames(context, Authors::Keys::name);
+}
+
+void QuoteForm::DateEntered() {
+    const Services& services = m_application.services;
+    if (!m_datePicked)
+        datePickerView->setDate(services.environment.now());
+    datePickerView->setStyle(
+        datePickerStyle(services.userDefaults, services.environment.systemVersion));
+    DateAddedTextField->setInputView(datePickerView);
+    if (!DateAddedTextField->inputAccessoryView()) {
+        auto* toolbar =
+            new Toolbar(DateAddedTextField, {92.0 / 255, 216.0 / 255, 1, 1}, /*translucent*/ true);
+        toolbar->addItem(
+            new BarButtonItem(toolbar, QStringLiteral("Today"), [this] { todayClick(); }));
+        toolbar->addItem(BarButtonItem::makeFlexibleSpace(toolbar));
+        toolbar->addItem(
+            new BarButtonItem(toolbar, QStringLiteral("Done"), [this] { doneClick(); }));
+        DateAddedTextField->setInputAccessoryView(toolbar);
+    }
+    showDate(datePickerView->date());
+    QuoteDate = datePickerView->date();
+}
+
+void QuoteForm::doneClick() {
+    QuoteDate = datePickerView->date();
+    showDate(datePickerView->date());
+    m_screen.endEditing();
+}
+
+void QuoteForm::todayClick() {
+    // The field says today while the picked date is what a save writes.
+    QuoteDate = datePickerView->date();
+    showDate(m_application.services.environment.now());
+    m_screen.endEditing();
+}
+
+void QuoteForm::adjustForKeyboardWithNotification(double height) {
+    QuoteTextView->setBottomInset(height);
+    QuoteTextView->scrollSelectionToVisible();
+}
+
+bool QuoteForm::validate() {
+    for (const TextField* field :
+         {SourceTextField, DateAddedTextField, CategoryTextField, AuthorTextField}) {
+        if (field->text().isEmpty()) {
+            presentAlert(m_screen, QStringLiteral("Insert New Record Canceled"),
+                         QStringLiteral("Source, Category, Author or Date Not Entered"));
+            return false;
+        }
+    }
+    return true;
+}
+
+void QuoteForm::write(Event& quote) const {
+    quote.setSource(SourceTextField->text());
+    quote.setAuthor(AuthorTextField->text());
+    quote.setCategory(CategoryTextField->text());
+    quote.setTimestamp(QuoteDate);
+    quote.setQuote(QuoteTextView->text());
+}
+
+int QuoteForm::numberOfComponentsInPickerView(const PickerView& /*picker*/) const {
+    return 1;
+}
+
+int QuoteForm::numberOfRowsInComponent(const PickerView& picker, int /*component*/) const {
+    switch (picker.tag()) {
+    case TopicTag:
+        return int(TopicList.size());
+    case SourceTag:
+        return int(SourceList.size());
+    case AuthorTag:
+        return int(AuthorList.size());
+    default:
+        return 0;
+    }
+}
+
+QString QuoteForm::titleForRow(const PickerView& picker, int row, int /*component*/) const {
+    const auto index = std::size_t(row);
+    const auto name = picker.tag() == TopicTag    ? TopicList.at(index)->topic()
+                      : picker.tag() == SourceTag ? SourceList.at(index)->name()
+                                                  : AuthorList.at(index)->name();
+    return name.value_or(QLatin1String(""));
+}
+
+PickerLabel QuoteForm::viewForRow(const PickerView& picker, int row, int component) const {
+    return {titleForRow(picker, row, component), 16, /*bold*/ true, /*centered*/ true};
+}
+
+void QuoteForm::didSelectRow(const PickerView& picker, int row, int component) {
+    TextField* field = picker.tag() == TopicTag    ? CategoryTextField
+                       : picker.tag() == SourceTag ? SourceTextField
+                                                   : AuthorTextField;
+    field->setText(titleForRow(picker, row, component));
+}
+
+void QuoteForm::showDate(Date date) {
+    DateAddedTextField->setText(
+        formatDate(date, DateStyle::Long, m_application.services.environment));
+}
+
+DatePicker::Style datePickerStyle(const UserDefaults& userDefaults, const SystemVersion& version) {
+    const auto wanted = [&](const QString& key) {
+        return userDefaults.object(key) && userDefaults.boolForKey(key);
+    };
+    DatePicker::Style style = DatePicker::Automatic;
+    if (version >= SystemVersion{13, 4} && wanted(QStringLiteral("UseDateWheel")))
+        style = DatePicker::Wheels;
+    if (version >= SystemVersion{13, 4} && wanted(QStringLiteral("UseDateCompact")))
+        style = DatePicker::Compact;
+    if (version >= SystemVersion{14, 0} && wanted(QStringLiteral("UseDateInline")))
+        style = DatePicker::Inline;
+    return style;
+}

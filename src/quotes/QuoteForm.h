@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "store/Records.h"
+#include "toolkit/Button.h"
+#include "toolkit/DatePicker.h"
+#include "toolkit/PickerView.h"
+#include "toolkit/TextInput.h"
+
+#include <vector>
+
+/** The fields of a quote on a screen: what the add form and the quote detail have in common. */
+class QuoteForm : public PickerViewDelegate {
+public:
+    QuoteForm(ViewController& screen, AppDelegate& application);
+
+    TextField* const SourceTextField;
+    TextField* const CategoryTextField;
+    TextField* const AuthorTextField;
+    TextField* const DateAddedTextField;
+    TextView* const QuoteTextView;
+    DatePicker* const datePickerView;
+    PickerView* const TopicPickerView;
+    PickerView* const SourcePickerView;
+    PickerView* const AuthorPickerView;
+    Date QuoteDate; ///< what a save writes
+    std::vector<Topics*> TopicList;
+    std::vector<Sources*> SourceList;
+    std::vector<Authors*> AuthorList;
+
+    /** Makes each picker the input view of its field. */
+    void wirePickers();
+    void styleFields();
+    void fetchTopics();
+    void fetchSourcesAndAuthors();
+
+    void DateEntered();
+    void doneClick();
+    void todayClick();
+    /** Keeps the quote's text clear of a keyboard of this height; 0 when it goes. */
+    void adjustForKeyboardWithNotification(double height);
+
+    /** Whether source, date, topic and author are entered; shows an alert when not. */
+    bool validate();
+    /** Writes the fields into a record. */
+    void write(Event& quote) const;
+
+    int numberOfComponentsInPickerView(const PickerView& picker) const override;
+    int numberOfRowsInComponent(const PickerView& picker, int component) const override;
+    QString titleForRow(const PickerView& picker, int row, int component) const override;
+    PickerLabel viewForRow(const PickerView& picker, int row, int component) const override;
+    void didSelectRow(const PickerView& picker, int row, int component) override;
+
+private:
+    void showDate(Date date);
+
+    ViewController& m_screen;
+    AppDelegate& m_application;
+    bool m_datePicked = false;
+};
+
+/** The style of date pickers that the settings ask for, where the system offers it. */
+DatePicker::Style datePickerStyle(const UserDefaults& userDefaults, const SystemVersion& version);
