@@ -1,0 +1,38 @@
+#pragma once
+
+#include "foundation/Date.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/** A quote as a line of a collection file tells it. Apostrophes are gone from every text; a field
+ * that the line lacks is empty. */
+struct QuoteLine {
+    QString author;
+    QString topic; ///< never empty
+    QString source;
+    QString date;         ///< as it stands in the file, for readDate
+    QString quote;        ///< with its line feeds back in place
+    qsizetype number = 0; ///< of the line in the file, from 1, as a text editor counts
+
+    bool operator==(const QuoteLine&) const = default;
+};
+
+/**
+ * The quotes of a collection file's text, in file order, without the lines that name no topic.
+ * Nothing when no line marks the text as a quote collection.
+ */
+std::optional<std::vector<QuoteLine>> readQuoteLines(const QString& document);
+
+/** The names in the topic section of a collection file's text, in file order, repetitions
+ * included. Whether the text is a quote collection is left to readQuoteLines. */
+std::vector<QString> readTopicNames(const QString& document);
+
+/** Reads the date field of a quote line, with dots or hyphens in the day, as local time: its UTC
+ * offset "+0000" is dropped. Nothing when it is no date, as with an empty field. */
+std::optional<Date> readDate(const QString& field, const Environment& environment);
+
+/** The text without the spaces and tabs, and no other white space, at its ends. */
+QString trimmedOfBlanks(QStringView text);
