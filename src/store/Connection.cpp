@@ -1,0 +1,244 @@
+#include "store/Connection.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <map>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr auto opened = "opened";
+
+StoreError failure(const QString& path, const QString& verb, const QString& reason,
+                   const QString& detail) {
+    return {QStringLiteral("The store \"%1\" could not be %2: %3").arg(path, verb, reason),
+            QStringLiteral("{path = %1%2}").arg(path, detail)};
+}
+
+StoreError systemFailure(const QString& path, int code) {
+    return failure(path, QLatin1String(opened),
+                   QString::fromStdString(std::generic_category().message(code)),
+                   QStringLiteral(", errno = %1").arg(code));
+}
+
+// Makes the folder and, where there is none, an empty file, both for their owner alone.
+std::optional<StoreError> makeFile(const QString& folder, const QString& path) {
+    const QByteArray folderName = QFile::encodeName(folder);
+    std::error_code code;
+    std::filesystem::create_directories(folderName.toStdString(), code);
+    if (code)
+        return systemFailure(folder, code.value());
+    if (::chmod(folderName.constData(), S_IRWXU) != 0)
+        return systemFailure(folder, errno);
+
+    const int file = ::open(QFile::encodeName(path).constData(),
+                            O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file < 0)
+        return errno == EEXIST ? std::nullopt : std::optional(systemFailure(path, errno));
+    const bool isPrivate = ::fchmod(file, S_IRUSR | S_IWUSR) == 0;
+    const int reason = errno;
+    ::close(file);
+    return isPrivate ? std::nullopt : std::optional(systemFailure(path, reason));
+}
+
+} // namespace
+
+std::optional<Statement> Statement::prepare(sqlite3* database, const QByteArray& sql) {
+    sqlite3_stmt* handle = nullptr;
+    if (sqlite3_prepare_v3(database, sql.constData(), int(sql.size()), SQLITE_PREPARE_PERSISTENT,
+                           &handle, nullptr) != SQLITE_OK)
+        return std::nullopt;
+    Statement statement;
+    statement.m_statement.reset(handle);
+    return statement;
+}
+
+void Statement::bindText(int parameter, const std::optional<QByteArray>& text) {
+    if (text)
+        sqlite3_bind_text64(m_statement.get(), parameter + 1, text->constData(),
+                            sqlite3_uint64(text->size()), SQLITE_TRANSIENT, SQLITE_UTF8);
+    else
+        sqlite3_bind_null(m_statement.get(), parameter + 1);
+}
+
+void Statement::bindInteger(int parameter, std::optional<std::int64_t> value) {
+    if (value)
+        sqlite3_bind_int64(m_statement.get(), parameter + 1, *value);
+    else
+        sqlite3_bind_null(m_statement.get(), parameter + 1);
+}
+
+void Statement::reset() {
+    sqlite3_reset(m_statement.get());
+}
+
+std::optional<QByteArrayView> Statement::text(int column) {
+    const auto* bytes = sqlite3_column_text(m_statement.get(), column);
+    if (bytes == nullptr)
+        return std::nullopt;
+    return QByteArrayView(bytes, sqlite3_column_bytes(m_statement.get(), column));
+}
+
+std::optional<std::int64_t> Statement::integer(int column) {
+    if (sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL)
+        return std::nullopt;
+    return sqlite3_column_int64(m_statement.get(), column);
+}
+
+std::variant<std::shared_ptr<StoreConnection>, StoreError>
+StoreConnection::open(const QString& folder, const QString& name) {
+    const QString path = QStringLiteral("%1/%2.sqlite").arg(folder, name);
+    if (const auto error = makeFile(folder, path))
+        return *error;
+    struct stat status {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return systemFailure(path, errno);
+    // The file must not be opened here: closing it would drop the lock of an open connection.
+    static std::map<std::pair<dev_t, ino_t>, std::weak_ptr<StoreConnection>> openConnections;
+    auto& shared = openConnections[{status.st_dev, status.st_ino}];
+    if (auto connection = shared.lock())
+        return connection;
+
+    const std::shared_ptr<StoreConnection> connection(new StoreConnection(path));
+    if (!S_ISREG(status.st_mode))
+        return connection->unfit(QStringLiteral("it is no file"));
+    if (::access(QFile::encodeName(path).constData(), R_OK | W_OK) != 0)
+        return systemFailure(path, errno);
+    if (const auto error = connection->openDatabase())
+        return *error;
+    shared = connection;
+    return connection;
+}
+
+std::optional<StoreError> StoreConnection::openDatabase() {
+    sqlite3* database = nullptr;
+    const QByteArray fileName = QFile::encodeName(m_path);
+    const int code = sqlite3_open_v2(
+        fileName.constData(), &database,
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    m_database.reset(database);
+    if (code != SQLITE_OK)
+        return error(QLatin1String(opened));
+
+    // Until the file has proved to be a store of this version, nothing may be written to it, not
+    // even what closing it would carry over from its log.
+    sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    execute("PRAGMA locking_mode = EXCLUSIVE");
+    if (const int locked = execute("BEGIN EXCLUSIVE"); (locked & 0xff) == SQLITE_BUSY)
+        return unfit(QStringLiteral("another process has it open"));
+    else if (locked != SQLITE_OK)
+        return error(QLatin1String(opened));
+    const auto version = number("PRAGMA user_version");
+    const auto tables = number("SELECT count(*) FROM sqlite_schema");
+    if (!version || !tables)
+        return error(QLatin1String(opened));
+    if (*version > std::int64_t(migrations().size()))
+        return unfit(QStringLiteral("a newer version of the program wrote it"));
+    if (*version < 0 || (*version == 0 && *tables > 0))
+        return unfit(QStringLiteral("it belongs to another program"));
+    if (execute("COMMIT") != SQLITE_OK)
+        return error(QLatin1String(opened));
+
+    if (auto failed = migrate(std::size_t(*version)))
+        return failed;
+    if (auto failed = prepareStatements())
+        return failed;
+    if (::chmod(fileName.constData(), S_IRUSR | S_IWUSR) != 0)
+        return systemFailure(m_path, errno);
+    // The lock was taken first, so that the log needs no shared memory.
+    if (!startLog())
+        return error(QLatin1String(opened));
+    execute("PRAGMA synchronous = FULL");
+    execute("PRAGMA journal_size_limit = 4194304");
+    sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    return std::nullopt;
+}
+
+bool StoreConnection::startLog() {
+    auto mode = Statement::prepare(m_database.get(), "PRAGMA journal_mode = WAL");
+    return mode && mode->step() == SQLITE_ROW && mode->text(0) == QByteArrayView("wal");
+}
+
+std::optional<StoreError> StoreConnection::migrate(std::size_t version) {
+    for (; version < migrations().size(); ++version) {
+        const auto script = QByteArray("BEGIN IMMEDIATE;") + migrations()[version] +
+                            "PRAGMA user_version = " + QByteArray::number(int(version) + 1) +
+                            "; COMMIT";
+        if (execute(script.constData()) != SQLITE_OK)
+            return error(QLatin1String(opened));
+    }
+    return std::nullopt;
+}
+
+std::optional<StoreError> StoreConnection::prepareStatements() {
+    for (std::size_t i = 0; i < entityCount; ++i) {
+        const Entity& entity = schema()[i];
+        const QByteArray table = entity.table;
+        QByteArray columns;
+        QByteArray parameters;
+        QByteArray assignments;
+        for (const auto& attribute : entity.attributes) {
+            columns += QByteArray(attribute.column) + ", ";
+            parameters += "?, ";
+            assignments +=
+                (assignments.isEmpty() ? "" : ", ") + QByteArray(attribute.column) + " = ?";
+        }
+        const std::array<QByteArray, 5> texts{
+            "SELECT " + columns + "id FROM " + table + " ORDER BY id",
+            "SELECT id FROM " + table + " ORDER BY id",
+            "INSERT INTO " + table + "(" + columns + "id) VALUES(" + parameters + "?)",
+            "UPDATE " + table + " SET " + assignments + " WHERE id = ?",
+            "DELETE FROM " + table + " WHERE id = ?"};
+        auto& statements = m_statements[i];
+        const std::array<Statement*, 5> targets{&statements.selectAll, &statements.selectIds,
+                                                &statements.insert, &statements.update,
+                                                &statements.remove};
+        for (std::size_t j = 0; j < texts.size(); ++j) {
+            auto statement = Statement::prepare(m_database.get(), texts[j]);
+            if (!statement)
+                return error(QLatin1String(opened));
+            *targets[j] = std::move(*statement);
+        }
+        const auto last = number("SELECT coalesce(max(id), 0) FROM " + table);
+        if (!last)
+            return error(QLatin1String(opened));
+        m_lastIds[i] = *last;
+    }
+    return std::nullopt;
+}
+
+std::optional<StoreError> StoreConnection::transaction(const std::function<int()>& work) {
+    if (execute("BEGIN IMMEDIATE") == SQLITE_OK && work() == SQLITE_DONE &&
+        execute("COMMIT") == SQLITE_OK)
+        return std::nullopt;
+    const auto failed = error(QStringLiteral("saved"));
+    if (sqlite3_get_autocommit(m_database.get()) == 0)
+        execute("ROLLBACK");
+    return failed;
+}
+
+StoreError StoreConnection::error(const QString& verb) const {
+    return failure(m_path, verb, QString::fromUtf8(sqlite3_errmsg(m_database.get())),
+                   QStringLiteral(", sqlite = %1").arg(sqlite3_errcode(m_database.get())));
+}
+
+StoreError StoreConnection::unfit(const QString& reason) const {
+    return failure(m_path, QLatin1String(opened), reason, QString());
+}
+
+std::optional<std::int64_t> StoreConnection::number(const QByteArray& sql) {
+    auto statement = Statement::prepare(m_database.get(), sql);
+    if (!statement || statement->step() != SQLITE_ROW)
+        return std::nullopt;
+    return statement->integer(0);
+}
+
+int StoreConnection::execute(const char* sql) {
+    return sqlite3_exec(m_database.get(), sql, nullptr, nullptr, nullptr);
+}

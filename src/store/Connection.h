@@ -1,0 +1,99 @@
+#pragma once
+
+#include "store/Schema.h"
+#include "store/StoreError.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <sqlite3.h>
+#include <variant>
+#include <vector>
+
+/** A prepared statement. Columns and parameters count from 0. */
+class Statement {
+public:
+    /** Null when the text does not fit the database. */
+    static std::optional<Statement> prepare(sqlite3* database, const QByteArray& sql);
+
+    void bindText(int parameter, const std::optional<QByteArray>& text);
+    void bindInteger(int parameter, std::optional<std::int64_t> value);
+
+    /** SQLITE_ROW, SQLITE_DONE or an error code. */
+    int step() { return sqlite3_step(m_statement.get()); }
+    /** Makes it ready for the next use. */
+    void reset();
+
+    /** The bytes, valid until the next step; nothing for NULL. */
+    std::optional<QByteArrayView> text(int column);
+    std::optional<std::int64_t> integer(int column);
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+};
+
+/** The statements of one entity, prepared once. Parameters and columns are the attributes in
+ * order; the id comes first when reading, and last when writing. */
+struct EntityStatements {
+    Statement selectAll;
+    Statement selectIds;
+    Statement insert;
+    Statement update;
+    Statement remove;
+};
+
+/** The one connection of this process to a store's file, which it locks against all others. */
+class StoreConnection {
+public:
+    /** Opens the store, or joins the connection that has it open. */
+    static std::variant<std::shared_ptr<StoreConnection>, StoreError> open(const QString& folder,
+                                                                           const QString& name);
+
+    EntityStatements& statements(std::size_t entity) { return m_statements[entity]; }
+
+    /** An id that no record of the entity has had while this connection was open. */
+    std::int64_t takeId(std::size_t entity) { return ++m_lastIds[entity]; }
+
+    /** How often saves have changed the entity. */
+    std::uint64_t changeCount(std::size_t entity) const { return m_changeCounts[entity]; }
+    void countChange(std::size_t entity) { ++m_changeCounts[entity]; }
+
+    /** Runs the work, which returns SQLITE_DONE or an error code, in one transaction. */
+    std::optional<StoreError> transaction(const std::function<int()>& work);
+
+    /** The error of the last call, in a sentence that says what could not be done. */
+    StoreError error(const QString& verb) const;
+
+private:
+    struct Close {
+        void operator()(sqlite3* database) const { sqlite3_close(database); }
+    };
+
+    explicit StoreConnection(const QString& path)
+        : m_path(path) {}
+
+    std::optional<StoreError> openDatabase();
+    std::optional<StoreError> migrate(std::size_t version);
+    bool startLog();
+    std::optional<StoreError> prepareStatements();
+    /** The first value of a query's first row; nothing after an error. */
+    std::optional<std::int64_t> number(const QByteArray& sql);
+    int execute(const char* sql);
+    StoreError unfit(const QString& reason) const;
+
+    QString m_path;
+    std::unique_ptr<sqlite3, Close> m_database; // closed after its statements
+    std::array<EntityStatements, entityCount> m_statements;
+    std::array<std::int64_t, entityCount> m_lastIds{};
+    std::array<std::uint64_t, entityCount> m_changeCounts{};
+};

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "foundation/Date.h"
+#include "store/Columns.h"
+#include "store/Connection.h"
+#include "store/FetchRequest.h"
+#include "store/ManagedObject.h"
+#include "store/StoreError.h"
+
+#include <QString>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+/**
+ * The records of one entity in the memory of one context, a column for each attribute. Rows are in
+ * the order of insertion and are never taken away, so that a record keeps its row.
+ */
+class EntityTable {
+public:
+    explicit EntityTable(std::size_t entity);
+    EntityTable(const EntityTable&) = delete;
+    EntityTable& operator=(const EntityTable&) = delete;
+
+    static EntityTable& of(const ManagedObject& object) { return *object.m_table; }
+    static Row rowOf(const ManagedObject& object) { return object.m_row; }
+
+    /** The connection must outlive the table. */
+    void connect(StoreConnection& connection) { m_connection = &connection; }
+
+    /** Reads what is not in memory yet, or was changed by another context since. */
+    std::optional<StoreError> refresh(bool withValues);
+
+    /** The rows that pass all tests, in order. */
+    std::vector<Row> rows(const std::vector<AttributeOrder>& order,
+                          const std::vector<AttributeEquals>& tests) const;
+    std::size_t rowCount() const { return m_states.size(); }
+
+    Row insert();
+    void remove(Row row);
+    bool isDeleted(Row row) const { return m_states[row].isDeleted; }
+
+    std::optional<QString> text(Row row, std::size_t attribute);
+    std::optional<Date> date(Row row, std::size_t attribute);
+    /** A change of a deleted record is ignored. */
+    void setText(Row row, std::size_t attribute, const std::optional<QString>& text);
+    void setDate(Row row, std::size_t attribute, std::optional<Date> date);
+    RowTest containing(std::size_t attribute, const QString& foldedSearchText);
+
+    bool hasChanges() const;
+    /** Takes note that all changes of now are to be written. */
+    void noteSave() { m_notedCount = m_changed.size(); }
+    bool hasNotedChanges() const;
+    /** Writes what is noted, within a transaction; SQLITE_DONE or an error code. */
+    int writeNoted();
+    /** To be called when the transaction has succeeded. */
+    void finishNoted();
+
+private:
+    enum class Contents { Nothing, Identities, Values };
+
+    struct State {
+        bool isOnDisk = false;
+        bool isUpdated = false;
+        bool isDeleted = false;
+
+        bool needsWriting() const { return isOnDisk ? isUpdated || isDeleted : !isDeleted; }
+    };
+
+    /** Reads all rows of the file, and marks those found that were known before; SQLITE_DONE or an
+     * error code. */
+    int readRows(bool withValues, std::vector<bool>& isFound);
+    Row append(std::int64_t id);
+    void needValues();
+    void markUpdated(Row row);
+    void markDeleted(Row row);
+    int write(Row row);
+
+    template <class Kind, class Value>
+    void set(Row row, std::size_t attribute, const Value& value);
+
+    std::size_t m_entity;
+    StoreConnection* m_connection = nullptr;
+    Contents m_contents = Contents::Nothing;
+    std::uint64_t m_seenChanges = 0;
+    std::vector<Column> m_columns;
+    std::vector<std::int64_t> m_ids;
+    std::vector<State> m_states;
+    std::vector<Row> m_changed; // since the last save; the first of them are noted for writing
+    std::size_t m_notedCount = 0;
+};

@@ -1,0 +1,129 @@
+#pragma once
+
+#include "foundation/FatalError.h"
+#include "store/FetchRequest.h"
+#include "store/Records.h"
+#include "store/StoreError.h"
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <tuple>
+#include <vector>
+
+class EntityTable;
+class StoreConnection;
+
+/**
+ * The records of a store in memory: fetched, inserted, changed and deleted here, and written by
+ * save(). A record has one address per context, and keeps it for the life of the context.
+ */
+class ManagedObjectContext {
+public:
+    ManagedObjectContext();
+    ~ManagedObjectContext();
+    ManagedObjectContext(const ManagedObjectContext&) = delete;
+    ManagedObjectContext& operator=(const ManagedObjectContext&) = delete;
+
+    /** Fetches with all unsaved changes taken into account. */
+    template <class Record>
+    [[nodiscard]] FetchResult<Record> fetch(const FetchRequest<Record>& request) {
+        std::vector<AttributeOrder> order;
+        order.reserve(request.sortDescriptors.size());
+        for (const auto& descriptor : request.sortDescriptors)
+            order.push_back(descriptor.order);
+        FetchResult<Record> result;
+        std::vector<std::uint32_t> rows;
+        result.error = fetchRows(tableOf<Record>(), order,
+                                 request.predicate.value_or(Predicate<Record>{}).tests,
+                                 request.includesPropertyValues, rows);
+        auto& objects = objectsOf<Record>();
+        result.records.reserve(rows.size());
+        for (const auto row : rows)
+            result.records.push_back(&objects[row]);
+        return result;
+    }
+
+    /** A new record with all attributes absent; a fatal error when the store cannot be read. */
+    template <class Record>
+    Record* insert() {
+        const auto row = insertRow(tableOf<Record>());
+        return &objectsOf<Record>()[row];
+    }
+
+    /** Deletes a record of this context; once more changes nothing. */
+    void deleteObject(ManagedObject& object);
+
+    /** Whether save() would write anything. */
+    bool hasChanges() const;
+
+    /**
+     * Writes all changes in one transaction; they are on disk when this returns, unless a
+     * SaveGroup is open. After an error all of them are still pending.
+     */
+    [[nodiscard]] std::optional<StoreError> save();
+
+private:
+    friend class PersistentContainer;
+    friend class SaveGroup;
+
+    template <class Record>
+    using Objects = std::deque<Record>;
+    using AllObjects =
+        std::tuple<Objects<Event>, Objects<Authors>, Objects<Sources>, Objects<Topics>>;
+
+    template <class Record>
+    EntityTable& tableOf() const {
+        return *m_tables[Record::entity];
+    }
+
+    /** The records of one class, as many as its table has rows. */
+    template <class Record>
+    Objects<Record>& objectsOf() {
+        auto& objects = std::get<Objects<Record>>(m_objects);
+        const auto count = rowCount(tableOf<Record>());
+        while (objects.size() < count)
+            objects.emplace_back(tableOf<Record>(), std::uint32_t(objects.size()));
+        return objects;
+    }
+
+    void connect(std::shared_ptr<StoreConnection> connection);
+    static std::optional<StoreError> fetchRows(EntityTable& table,
+                                               const std::vector<AttributeOrder>& order,
+                                               const std::vector<AttributeEquals>& tests,
+                                               bool withValues, std::vector<std::uint32_t>& rows);
+    static std::uint32_t insertRow(EntityTable& table);
+    static std::size_t rowCount(const EntityTable& table);
+    std::optional<StoreError> writeWhatWasSaved();
+
+    std::shared_ptr<StoreConnection> m_connection;
+    std::array<std::unique_ptr<EntityTable>, 4> m_tables;
+    AllObjects m_objects;
+    int m_openGroups = 0;
+};
+
+/**
+ * Makes the saves of a context one transaction: while a group is open, save() takes note of what
+ * it is asked to write, and the end of the last open group writes that. A fatal error meanwhile
+ * writes it first; a kill leaves the store as it was before the group.
+ */
+class SaveGroup {
+public:
+    explicit SaveGroup(ManagedObjectContext& context);
+    /** Finishes the group; an error is logged and leaves the changes pending. */
+    ~SaveGroup();
+    SaveGroup(const SaveGroup&) = delete;
+    SaveGroup& operator=(const SaveGroup&) = delete;
+
+    /** Ends the group early; after an error all changes are still pending. */
+    [[nodiscard]] std::optional<StoreError> finish();
+
+private:
+    void finishAndLog();
+
+    ManagedObjectContext& m_context;
+    bool m_isOpen = true;
+    FatalErrorCleanup m_cleanup;
+};

@@ -1,0 +1,88 @@
+#include "store/ListSearch.h"
+
+#include "StoreFixture.h"
+
+namespace {
+
+class ListSearchTest : public StoreTest {
+protected:
+    Event* insert(const std::optional<QString>& text) {
+        auto* event = context().insert<Event>();
+        event->setAuthor(text);
+        event->setQuote(text);
+        return event;
+    }
+
+    /** What both a name and a quote text find, which must be the same. */
+    std::vector<Event*> found(const std::vector<Event*>& list, const QString& text) {
+        const auto byAuthor = matching(list, Event::Keys::author, text);
+        EXPECT_EQ(matching(list, Event::Keys::quote, text), byAuthor);
+        return byAuthor;
+    }
+
+    ManagedObjectContext& context() { return m_container->viewContext(); }
+
+    std::unique_ptr<PersistentContainer> m_container = open();
+};
+
+} // namespace
+
+TEST_F(ListSearchTest, IgnoresCaseAndKeepsTheOrderOfTheList) {
+    auto* absent = insert(std::nullopt);
+    auto* empty = insert(QString());
+    auto* lower = insert(QStringLiteral("ann"));
+    auto* joanna = insert(QStringLiteral("Joanna"));
+    auto* other = insert(QStringLiteral("Bob"));
+    const std::vector<Event*> list{joanna, other, absent, empty, lower};
+    EXPECT_EQ(found(list, QStringLiteral("ANN")), (std::vector{joanna, lower}));
+    EXPECT_EQ(found(list, QString()), (std::vector{joanna, other, lower}));
+    EXPECT_TRUE(found(list, QStringLiteral("nna b")).empty()) << "not across two texts";
+    EXPECT_TRUE(found({}, QStringLiteral("a")).empty());
+}
+
+TEST_F(ListSearchTest, LowersTheWholeOfUnicodeAndStripsNoAccents) {
+    auto* istanbul = insert(QStringLiteral("İstanbul"));
+    auto* sharp = insert(QStringLiteral("STRAẞE"));
+    auto* accented = insert(QStringLiteral("Éluard"));
+    auto* deseret = insert(QStringLiteral("\U00010400"));
+    auto* withNul = insert(QStringLiteral("a%1B").arg(QChar(u'\0')));
+    const std::vector<Event*> list{istanbul, sharp, accented, deseret, withNul};
+    EXPECT_EQ(found(list, QStringLiteral("İS")), std::vector{istanbul});
+    EXPECT_EQ(found(list, QStringLiteral("straße")), std::vector{sharp});
+    EXPECT_TRUE(found(list, QStringLiteral("strasse")).empty());
+    EXPECT_EQ(found(list, QStringLiteral("éL")), std::vector{accented});
+    EXPECT_TRUE(found(list, QStringLiteral("el")).empty());
+    EXPECT_EQ(found(list, QStringLiteral("\U00010428")), std::vector{deseret});
+    EXPECT_TRUE(found(list, QString(QChar(0xd801))).empty()) << "half a character";
+    EXPECT_EQ(found(list, QString(QChar(u'\0')) + u'b'), std::vector{withNul});
+}
+
+TEST_F(ListSearchTest, FollowsChangesAfterTheFirstSearch) {
+    std::vector<Event*> list;
+    list.reserve(301);
+    for (int i = 0; i < 300; ++i)
+        list.push_back(insert(QStringLiteral("Number %1").arg(i)));
+    EXPECT_EQ(found(list, QStringLiteral("number 29")).size(), 11U);
+    list[29]->setQuote(std::nullopt);
+    list[29]->setAuthor(std::nullopt);
+    list.push_back(insert(QStringLiteral("One more NUMBER 29")));
+    EXPECT_EQ(found(list, QStringLiteral("number 29")).size(), 11U);
+    EXPECT_EQ(found(list, QStringLiteral("more")), std::vector{list.back()});
+    for (auto* event : list) {
+        event->setQuote(QStringLiteral("Changed"));
+        event->setAuthor(QStringLiteral("Changed"));
+    }
+    EXPECT_EQ(found(list, QStringLiteral("changed")), list);
+    EXPECT_TRUE(found(list, QStringLiteral("number")).empty());
+
+    context().deleteObject(*list[0]);
+    EXPECT_EQ(found(list, QStringLiteral("changed")), list) << "the list still shows it";
+}
+
+TEST_F(ListSearchTest, SearchesListsOfTexts) {
+    const QStringList list{QStringLiteral("smith"), QString(), QStringLiteral("Jones"),
+                           QStringLiteral("Smith")};
+    EXPECT_EQ(matching(list, QStringLiteral("ITH")),
+              (QStringList{QStringLiteral("smith"), QStringLiteral("Smith")}));
+    EXPECT_EQ(matching(list, QString()).size(), 3);
+}
