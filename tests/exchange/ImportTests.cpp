@@ -127,6 +127,7 @@ TEST_F(Import, OfAnotherFileChangesNothingAndNamesIt) {
 }
 
 TEST_F(Import, EndsTheProgramAtADateThatCannotBeRead) {
+    application.addQuote({.author = "A", .category = "T", .source = "S", .quote = "old"});
     load("[QUOTECOLLECTION]\n\nA^T^S^2021-03-07 14:05:09 +0000^one\n"
          "B^T^S^2021-13-07 14:05:09 +0000^two\nC^T^S^^three\n");
     EXPECT_EQ(fatalMessageOf([&] { screen->ImportTextFile(); }),
