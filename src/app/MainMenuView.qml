@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
+import Lantern
 
 /** The button that shows and hides the options, and the options in a column below it. */
 FormPage {
@@ -13,7 +14,8 @@ FormPage {
 
     PlainText {
         Layout.alignment: Qt.AlignHCenter
-        Layout.preferredHeight: 64
+        Layout.preferredHeight: 72
+        verticalAlignment: Text.AlignTop
         text: "\u201c\u201d"
         color: Theme.accent
         opacity: 0.5

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Lantern
 
 /** Three buttons in a column. */
 FormPage {

@@ -90,9 +90,11 @@ Q_SIGNALS:
     void presentedViewControllerChanged();
 
 protected:
-    /** Containers set this on what they hold. */
+    /** Containers set this on what they hold. As its child in Qt's sense too, a controller that a
+     * view has asked for is not taken for the view's own. */
     static void setContainer(ViewController& child, ViewController* container) {
         child.m_container = container;
+        child.setParent(container);
     }
 
 private:

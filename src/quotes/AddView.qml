@@ -1,0 +1,38 @@
+import QtQuick
+import QtQuick.Layouts
+import Lantern
+
+/** The form of a new quote. */
+FormPage {
+    id: root
+
+    required property AddViewController controller
+
+    onBackgroundTapped: controller.dismissKeyboard()
+
+    NamedField {
+        control: root.controller.SourceTextField
+        listButton: root.controller.SourcesButton
+    }
+
+    NamedField {
+        control: root.controller.CategoryTextField
+        listButton: root.controller.TopicButton
+    }
+
+    NamedField {
+        control: root.controller.AuthorTextField
+        listButton: root.controller.AuthorsButton
+    }
+
+    FormField {
+        Layout.fillWidth: true
+        control: root.controller.DateAddedTextField
+    }
+
+    FormTextArea {
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        control: root.controller.QuoteTextView
+    }
+}

@@ -1,0 +1,118 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Lantern
+
+/** An alert over the dimmed screen, with its actions. */
+T.Popup {
+    id: root
+
+    required property AlertController alert
+
+    // The alert is gone before its sheet has faded.
+    property string heading
+    property string message
+    property list<string> actions
+
+    onAlertChanged: {
+        if (alert === null) {
+            close();
+            return;
+        }
+        heading = alert.heading;
+        message = alert.message;
+        actions = alert.actionTitles;
+        open();
+    }
+
+    parent: T.Overlay.overlay
+    anchors.centerIn: parent
+    width: Math.min(300, (parent?.width ?? 300) - 2 * Theme.margin)
+    padding: Theme.margin
+    bottomPadding: Theme.gap
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+    modal: true
+    focus: true
+    closePolicy: T.Popup.NoAutoClose
+
+    T.Overlay.modal: Rectangle {
+        color: Theme.scrim
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.fadeDuration
+            }
+        }
+    }
+
+    enter: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.fadeDuration
+        }
+        NumberAnimation {
+            property: "scale"
+            from: 1.1
+            to: 1
+            duration: Theme.fadeDuration
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    exit: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.fadeDuration
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.sheetRadius
+        color: Theme.surface
+    }
+
+    contentItem: Column {
+        spacing: Theme.gap
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: root.heading
+        Accessible.description: root.message
+        Keys.onEscapePressed: if (root.actions.length === 1)
+            root.alert?.choose(0)
+
+        PlainText {
+            width: parent.width
+            visible: text !== ""
+            text: root.heading
+            font.bold: true
+            horizontalAlignment: Text.AlignHCenter
+        }
+
+        PlainText {
+            width: parent.width
+            bottomPadding: Theme.gap
+            visible: text !== ""
+            text: root.message
+            font.pixelSize: Theme.secondaryFont
+            horizontalAlignment: Text.AlignHCenter
+        }
+
+        Repeater {
+            model: root.actions
+
+            TextButton {
+                required property int index
+                required property string modelData
+
+                width: parent?.width ?? 0
+                text: modelData
+                bold: index === 0
+                focus: index === 0
+                onClicked: root.alert?.choose(index)
+            }
+        }
+    }
+}

@@ -1,0 +1,66 @@
+import QtQuick
+import Lantern
+
+/** A date as the calendar of its month, which may be folded behind a button. */
+FocusScope {
+    id: root
+
+    required property ToolkitDatePicker picker
+    required property real roomyHeight ///< points; the days shrink when there is less
+
+    property bool alwaysUnfolded: false
+    property bool unfolded: alwaysUnfolded
+
+    onUnfoldedChanged: if (unfolded && activeFocus)
+        calendar.forceActiveFocus(Qt.TabFocusReason)
+
+    implicitHeight: content.height
+
+    Connections {
+        target: Editing
+
+        function onTurned(steps: int) {
+            if (!root.unfolded)
+                calendar.go(steps);
+        }
+    }
+
+    Column {
+        id: content
+
+        width: parent.width
+        topPadding: Theme.gap
+        spacing: Theme.gap
+
+        TextButton {
+            anchors.horizontalCenter: parent.horizontalCenter
+            leftPadding: Theme.margin
+            rightPadding: Theme.margin
+            visible: !root.alwaysUnfolded
+            focus: visible
+            text: root.picker.day + " " + root.picker.monthNames[root.picker.month - 1] + " "
+                  + root.picker.year
+            objectName: root.picker.accessibilityLabel
+            Accessible.name: root.picker.accessibilityLabel
+            Accessible.description: text
+            onClicked: root.unfolded = !root.unfolded
+
+            background: Rectangle {
+                radius: 10
+                color: Theme.surface
+                border.width: 1
+                border.color: Theme.line
+            }
+        }
+
+        MonthCalendar {
+            id: calendar
+
+            width: parent.width
+            visible: root.unfolded
+            focus: root.alwaysUnfolded
+            picker: root.picker
+            roomyHeight: root.roomyHeight - Theme.touchTarget
+        }
+    }
+}

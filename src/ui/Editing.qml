@@ -1,0 +1,18 @@
+pragma Singleton
+
+import QtQuick
+import Lantern
+
+/** Which text input is being edited, in which field, and how much of the window's bottom its input
+ * view covers. */
+QtObject {
+    property ToolkitTextInput input: null
+    property Item field: null
+    property bool sheetHasFocus: false
+    property real sheetHeight: 0
+
+    /** The user turns the input view by so many steps, from the field. */
+    signal turned(steps: int)
+    /** The user goes from the field into the sheet. */
+    signal entered
+}

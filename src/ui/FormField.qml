@@ -1,0 +1,69 @@
+import QtQuick
+import QtQuick.Templates as T
+import Lantern
+
+/** A line of text to enter, below its name. */
+FocusScope {
+    id: root
+
+    required property ToolkitTextField control
+
+    implicitWidth: 120
+    implicitHeight: name.height + 4 + field.height
+    visible: !control.hidden
+
+    PlainText {
+        id: name
+
+        width: parent.width
+        text: root.control.accessibilityLabel
+        color: Theme.faintInk
+        font.pixelSize: Theme.captionFont
+        elide: Text.ElideRight
+        wrapMode: Text.NoWrap
+        Accessible.ignored: true
+    }
+
+    T.TextField {
+        id: field
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: Theme.touchTarget
+        leftPadding: 12
+        rightPadding: 12
+        color: Theme.ink
+        font.pixelSize: Theme.bodyFont
+        verticalAlignment: TextInput.AlignVCenter
+        selectByMouse: true
+        selectionColor: Theme.accent
+        selectedTextColor: Theme.accentInk
+        focus: true
+        text: root.control.text
+        objectName: root.control.accessibilityLabel
+        Accessible.role: Accessible.EditableText
+        Accessible.name: root.control.accessibilityLabel
+        onTextEdited: root.control.text = text
+        Keys.onEscapePressed: root.control.endEditing()
+        Keys.onReturnPressed: root.control.endEditing()
+        Keys.onEnterPressed: root.control.endEditing()
+        Keys.onUpPressed: Editing.turned(-1)
+        Keys.onDownPressed: Editing.turned(1)
+        Keys.onTabPressed: event => {
+            event.accepted = Editing.sheetHeight > 0;
+            if (event.accepted)
+                Editing.entered();
+        }
+
+        background: FieldFrame {
+            control: root.control
+            focused: field.activeFocus
+        }
+    }
+
+    EditingLink {
+        control: root.control
+        field: field
+        scope: root
+    }
+}

@@ -1,0 +1,73 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Lantern
+
+/** A page of controls in one column of readable width, which scrolls when it is too long. */
+FocusScope {
+    id: root
+
+    default property alias content: column.data
+    property alias spacing: column.spacing
+
+    readonly property Item focusedItem: Window.activeFocusItem
+
+    signal backgroundTapped
+
+    function reveal(): void {
+        let holder = focusedItem;
+        while (holder !== null && holder !== column)
+            holder = holder.parent;
+        if (holder === null || focusedItem === column)
+            return;
+        const top = column.y + focusedItem.mapToItem(column, 0, 0).y - Theme.margin;
+        const bottom = top + focusedItem.height + 2 * Theme.margin;
+        const visibleHeight = page.height - Editing.sheetHeight;
+        if (bottom > page.contentY + visibleHeight)
+            page.contentY = bottom - visibleHeight;
+        if (top < page.contentY)
+            page.contentY = Math.max(0, top);
+    }
+
+    onFocusedItemChanged: reveal()
+
+    Connections {
+        target: Editing
+
+        function onSheetHeightChanged() {
+            root.reveal();
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.paper
+    }
+
+    Flickable {
+        id: page
+
+        anchors.fill: parent
+        contentWidth: width
+        contentHeight: Math.max(column.height + 2 * Theme.margin, height)
+        bottomMargin: Editing.sheetHeight
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        T.ScrollBar.vertical: PageScrollBar {}
+
+        TapHandler {
+            onTapped: root.backgroundTapped()
+        }
+
+        ColumnLayout {
+            id: column
+
+            x: (page.width - width) / 2
+            y: Theme.margin
+            width: Math.min(page.width - 2 * Theme.margin, Theme.readableWidth)
+            height: Math.max(implicitHeight, page.height - 2 * Theme.margin)
+            spacing: Theme.gap
+        }
+    }
+}

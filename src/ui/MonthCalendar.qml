@@ -1,0 +1,176 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Lantern
+
+/** A date in the calendar of its month. The arrow keys go from day to day and week to week, Page
+ * Up and Page Down from month to month. */
+FocusScope {
+    id: root
+
+    required property ToolkitDatePicker picker
+    required property real roomyHeight ///< points; the days shrink when there is less
+
+    property int year: picker.year
+    property int month: picker.month
+
+    readonly property int firstCell: (picker.weekday(year, month, 1) - picker.firstWeekday + 7) % 7
+    readonly property int dayCount: picker.daysInMonth(year, month)
+    readonly property real cellHeight: Math.max(28, Math.min(Theme.touchTarget,
+                                                             (roomyHeight - 120) / 6))
+
+    function step(months: int): void {
+        const count = Math.max(12, Math.min(year * 12 + month - 1 + months, 9999 * 12 + 11));
+        year = Math.floor(count / 12);
+        month = count % 12 + 1;
+    }
+
+    /** Chooses the day that is so many days from the chosen one. */
+    function go(days: int): void {
+        year = picker.year;
+        month = picker.month;
+        let day = picker.day + days;
+        if (day < 1) {
+            step(-1);
+            day += dayCount;
+        } else if (day > dayCount) {
+            day -= dayCount;
+            step(1);
+        }
+        picker.choose(year, month, Math.max(1, Math.min(day, dayCount)));
+    }
+
+    function goMonths(months: int): void {
+        year = picker.year;
+        month = picker.month;
+        step(months);
+        picker.choose(year, month, picker.day);
+    }
+
+    implicitHeight: layout.implicitHeight
+
+    Connections {
+        target: root.picker
+
+        function onDateChanged() {
+            root.year = root.picker.year;
+            root.month = root.picker.month;
+        }
+    }
+
+    Connections {
+        target: Editing
+
+        function onTurned(steps: int) {
+            root.go(7 * steps);
+        }
+    }
+
+    ColumnLayout {
+        id: layout
+
+        width: parent.width
+        spacing: 0
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 0
+
+            StepButton {
+                text: "\u00ab"
+                name: qsTr("Previous year")
+                onClicked: root.step(-12)
+            }
+
+            StepButton {
+                text: "\u2039"
+                name: qsTr("Previous month")
+                onClicked: root.step(-1)
+            }
+
+            PlainText {
+                Layout.fillWidth: true
+                wrapMode: Text.NoWrap
+                elide: Text.ElideRight
+                text: root.picker.monthNames[root.month - 1] + " " + root.year
+                font.bold: true
+                horizontalAlignment: Text.AlignHCenter
+            }
+
+            StepButton {
+                text: "\u203a"
+                name: qsTr("Next month")
+                onClicked: root.step(1)
+            }
+
+            StepButton {
+                text: "\u00bb"
+                name: qsTr("Next year")
+                onClicked: root.step(12)
+            }
+        }
+
+        GridLayout {
+            id: grid
+
+            Layout.fillWidth: true
+            columns: 7
+            rowSpacing: 0
+            columnSpacing: 0
+            activeFocusOnTab: true
+            focus: true
+            Accessible.role: Accessible.Table
+            Accessible.name: root.picker.accessibilityLabel
+            Keys.onLeftPressed: root.go(-1)
+            Keys.onRightPressed: root.go(1)
+            Keys.onUpPressed: root.go(-7)
+            Keys.onDownPressed: root.go(7)
+            Keys.onReturnPressed: root.go(0)
+            Keys.onEnterPressed: root.go(0)
+            Keys.onSpacePressed: root.go(0)
+            Keys.onPressed: event => {
+                event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
+                if (event.accepted)
+                    root.goMonths(event.key === Qt.Key_PageUp ? -1 : 1);
+            }
+
+            Repeater {
+                model: 7
+
+                PlainText {
+                    required property int index
+
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    Layout.preferredHeight: 24
+                    text: root.picker.weekdayNames[(root.picker.firstWeekday - 1 + index) % 7]
+                    color: Theme.faintInk
+                    font.pixelSize: Theme.captionFont
+                    wrapMode: Text.NoWrap
+                    horizontalAlignment: Text.AlignHCenter
+                }
+            }
+
+            Repeater {
+                model: 42
+
+                DayButton {
+                    required property int index
+                    readonly property int day: index - root.firstCell + 1
+
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    Layout.preferredHeight: root.cellHeight
+                    shown: day >= 1 && day <= root.dayCount
+                    text: day
+                    chosen: root.year === root.picker.year && root.month === root.picker.month
+                            && day === root.picker.day
+                    ringed: chosen && grid.activeFocus
+                    Accessible.name: text + " " + root.picker.monthNames[root.month - 1]
+                    onClicked: root.picker.choose(root.year, root.month, day)
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,27 @@
+import QtQuick
+import QtQuick.Layouts
+import Lantern
+
+/** A field, and the button that opens the list of its names. */
+RowLayout {
+    id: root
+
+    required property ToolkitTextField control
+    required property ToolkitButton listButton
+
+    Layout.fillWidth: true
+    spacing: Theme.gap
+
+    FormField {
+        Layout.fillWidth: true
+        control: root.control
+    }
+
+    PushButton {
+        Layout.alignment: Qt.AlignBottom
+        Layout.preferredWidth: 124
+        leftPadding: Theme.gap
+        rightPadding: Theme.gap
+        control: root.listButton
+    }
+}

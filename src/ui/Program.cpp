@@ -1,0 +1,63 @@
+#include "Program.h"
+
+#include "foundation/FatalError.h"
+#include "toolkit/NavigationController.h"
+#include "ui/Scenes.h"
+
+#include <QEventLoop>
+#include <QQmlExtensionPlugin>
+#include <QStandardPaths>
+
+Q_IMPORT_QML_PLUGIN(LanternPlugin)
+
+ProgramPaths ProgramPaths::ofThisUser() {
+    const auto folder = [](QStandardPaths::StandardLocation location) {
+        return QStandardPaths::writableLocation(location) + QStringLiteral("/Lantern");
+    };
+    return {folder(QStandardPaths::GenericDataLocation),
+            folder(QStandardPaths::GenericConfigLocation) + QStringLiteral("/Lantern.ini")};
+}
+
+Program::Program(const ProgramPaths& paths, Environment environment)
+    : m_environment(std::move(environment))
+    , m_userDefaults(paths.settingsFile)
+    , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, m_classes,
+                             m_selection, paths.storeFolder}) {
+    addScenes(m_storyboard, m_application);
+}
+
+Program::~Program() {
+    setFatalErrorHandler(nullptr);
+    // The views go before the controllers that they show.
+    if (m_quickWindow)
+        m_quickWindow->setProperty("window", QVariant::fromValue<Window*>(nullptr));
+    delete m_quickWindow;
+}
+
+bool Program::launch() {
+    // The window comes first, so that whatever ends the program from here on is seen.
+    m_engine.setInitialProperties({{QStringLiteral("keyboard"), QVariant::fromValue(&m_keyboard)}});
+    m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Lantern/Main.qml")));
+    if (m_engine.rootObjects().isEmpty())
+        return false;
+    m_quickWindow = qobject_cast<QQuickWindow*>(m_engine.rootObjects().constFirst());
+    setFatalErrorHandler([this](const FatalError& error) { showFatalError(error); });
+
+    m_application.didFinishLaunchingWithOptions();
+    m_application.window = std::make_unique<Window>(makeRootViewController(m_storyboard));
+    m_application.window->makeKeyAndVisible();
+    return m_quickWindow->setProperty("window", QVariant::fromValue(m_application.window.get()));
+}
+
+NavigationController& Program::navigation() {
+    return *qobject_cast<NavigationController*>(m_application.window->rootViewController());
+}
+
+void Program::showFatalError(const FatalError& error) {
+    QEventLoop untilRead;
+    QObject::connect(m_quickWindow, SIGNAL(quitRequested()), &untilRead, SLOT(quit()));
+    QObject::connect(m_quickWindow, &QWindow::visibleChanged, &untilRead, &QEventLoop::quit);
+    m_quickWindow->setProperty("fatalMessage", error.message);
+    m_quickWindow->show();
+    untilRead.exec();
+}

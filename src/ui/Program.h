@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "toolkit/Storyboard.h"
+
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+
+#include <memory>
+
+/** Where a program keeps what it must not lose. */
+struct ProgramPaths {
+    QString storeFolder;
+    QString settingsFile;
+
+    /** The user's data and configuration folders. */
+    static ProgramPaths ofThisUser();
+};
+
+/** The running program: its services, its screens and its window. */
+class Program {
+public:
+    Program(const ProgramPaths& paths, Environment environment);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /** Opens the window and shows the first screen in it; false when the window cannot be made. */
+    bool launch();
+
+    QQuickWindow& quickWindow() const { return *m_quickWindow; }
+    AppDelegate& application() { return m_application; }
+    NavigationController& navigation();
+    QQmlApplicationEngine& engine() { return m_engine; }
+
+private:
+    void showFatalError(const FatalError& error);
+
+    Environment m_environment;
+    UserDefaults m_userDefaults;
+    EventLoopMainQueue m_mainQueue;
+    Keyboard m_keyboard;
+    ClassRuntime m_classes;
+    SelectionValues m_selection;
+    AppDelegate m_application;
+    Storyboard m_storyboard;
+    QQmlApplicationEngine m_engine;
+    QQuickWindow* m_quickWindow = nullptr;
+};

@@ -1,0 +1,85 @@
+import QtQuick
+import QtQuick.Templates as T
+import Lantern
+
+/** A button of a screen. It fades when its control is hidden or shown. */
+T.Button {
+    id: root
+
+    required property ToolkitButton control
+
+    /** A button that has no border is filled instead. */
+    readonly property bool filled: control.borderWidth === 0
+
+    /** From 0, hidden, to 1; a column may fold its place away with it. */
+    property real shown: control.hidden ? 0 : 1
+
+    implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
+    implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
+    padding: 10
+    leftPadding: Theme.margin
+    rightPadding: Theme.margin
+    visible: shown > 0
+    opacity: shown
+    enabled: control.enabled && !control.hidden
+    text: control.accessibilityLabel
+    objectName: text
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: root.clicked()
+    onClicked: control.press()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    Connections {
+        target: root.control
+
+        function onHiddenChanged() {
+            fade.stop();
+            fade.duration = root.control.hidingDuration * 1000;
+            fade.to = root.control.hidden ? 0 : 1;
+            fade.start();
+        }
+    }
+
+    NumberAnimation {
+        id: fade
+
+        target: root
+        property: "shown"
+        easing.type: Easing.InOutQuad
+    }
+
+    contentItem: PlainText {
+        text: root.text
+        color: !root.control.enabled ? root.control.disabledTitleColor
+                                     : root.filled ? Theme.accentInk : Theme.ink
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    background: Rectangle {
+        radius: root.filled ? Theme.sheetRadius : root.control.cornerRadius
+        color: root.filled ? Theme.accent : Theme.surface
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: root.control.backgroundColor
+            border.width: root.control.borderWidth
+            border.color: root.control.borderColor
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: Theme.pressed
+            visible: root.down
+        }
+
+        FocusRing {
+            radius: parent.radius + 3
+            shown: root.visualFocus
+        }
+    }
+}

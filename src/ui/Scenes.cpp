@@ -1,0 +1,174 @@
+#include "Scenes.h"
+
+#include "app/MainMenuViewController.h"
+#include "app/ReferenceListsViewController.h"
+#include "exchange/ImportViewController.h"
+#include "quotes/AddViewController.h"
+#include "quotes/MasterViewController.h"
+#include "toolkit/NavigationController.h"
+#include "toolkit/TabBarController.h"
+#include "ui/PlainViewController.h"
+
+namespace {
+
+// A segue that a control of its own starts is called after the scene that it leads to.
+SegueDescription show(const QString& scene) {
+    return SegueDescription::show(scene, scene);
+}
+
+void connectTo(Button& button, ViewController& controller, const QString& segue) {
+    QObject::connect(&button, &Button::touchUpInside, &controller,
+                     [&controller, &button, segue] { controller.performSegue(segue, &button); });
+}
+
+/** Wires a screen of a known class; the storyboard hands it over as a ViewController. */
+template <class Controller>
+auto wire(void (*connectControls)(Controller&)) {
+    return [connectControls](ViewController& controller) {
+        connectControls(*qobject_cast<Controller*>(&controller));
+    };
+}
+
+void wireMainMenu(MainMenuViewController& menu) {
+    const auto option = [&menu](Button* button, const QString& segue) {
+        connectTo(*button, menu, segue);
+        menu.menuOptionsButton.append(button);
+    };
+    const auto plainOption = [&](const QString& title, const QString& segue) {
+        option(new Button(&menu, title), segue);
+    };
+    option(menu.QuoteListButton, QStringLiteral("MasterViewController"));
+    option(menu.QuoteListByGroupsButton, QStringLiteral("TabBarController"));
+    plainOption(QStringLiteral("Quotes by Topic"), QStringLiteral("NewViewTableViewController"));
+    option(menu.AddNewQuoteButton, QStringLiteral("AddQuote"));
+    option(menu.TopicsButton, QStringLiteral("TopicTableTableViewController"));
+    plainOption(QStringLiteral("Reference Lists"), QStringLiteral("ReferenceListsViewController"));
+    option(menu.ImportButton, QStringLiteral("ImportViewController"));
+    option(menu.ExportButton, QStringLiteral("ExportViewController"));
+    option(menu.RateShareButton, QStringLiteral("RateShareTableViewController"));
+    option(menu.DefaultButton, QStringLiteral("DefaultsViewController"));
+}
+
+void wireReferenceLists(ReferenceListsViewController& menu) {
+    connectTo(*menu.AuthorsButton, menu, QStringLiteral("AuthorTableViewController"));
+    connectTo(*menu.SourcesButton, menu, QStringLiteral("SourceTableViewController"));
+    connectTo(*menu.TopicsButton, menu, QStringLiteral("TopicTableViewController"));
+}
+
+void wireQuoteList(MasterViewController& list) {
+    list.rowSegue = QStringLiteral("DetailViewController");
+    NavigationItem* item = list.navigationItem();
+    item->addRightBarButtonItem(QStringLiteral("Sort"), [&list] { list.SortButtonTapped(); });
+    item->addRightBarButtonItem(QStringLiteral("Add"),
+                                [&list] { list.performSegue(QStringLiteral("AddQuote"), &list); });
+}
+
+void wireAddQuote(AddViewController& form) {
+    form.navigationItem()->addRightBarButtonItem(QStringLiteral("Save"),
+                                                 [&form] { form.SaveQuote(); });
+    connectTo(*form.TopicButton, form, QStringLiteral("TopicTableTableViewController"));
+    connectTo(*form.SourcesButton, form, QStringLiteral("NewSourceTableViewController"));
+    connectTo(*form.AuthorsButton, form, QStringLiteral("NewAuthorTableViewController"));
+}
+
+// The first screen of a tab leads out of the tabs, where it has nothing of its own to go back to.
+std::unique_ptr<ViewController> makeTabs(Storyboard& storyboard) {
+    std::vector<std::unique_ptr<NavigationController>> tabs;
+    for (const auto& scene :
+         {QStringLiteral("AuthorTableViewController"), QStringLiteral("SourceTableViewController"),
+          QStringLiteral("TopicTableViewController")}) {
+        auto list = storyboard.instantiate(scene);
+        ViewController& first = *list;
+        first.navigationItem()->setBackBarButtonItem(
+            new BarButtonItem(&first, QStringLiteral("Back"), [&first] {
+                first.performSegue(QStringLiteral("unwindToMainMenu"), &first);
+            }));
+        tabs.push_back(std::make_unique<NavigationController>(std::move(list)));
+    }
+    return std::make_unique<TabBarController>(std::move(tabs));
+}
+
+} // namespace
+
+void addScenes(Storyboard& storyboard, AppDelegate& application) {
+    const auto unwindToMainMenu = SegueDescription::unwind(
+        QStringLiteral("unwindToMainMenu"), QStringLiteral("unwindToMainMenuWithSegue"));
+    const auto unwindToMainList = SegueDescription::unwind(QStringLiteral("unwindToMainList"),
+                                                           QStringLiteral("unwindToMainList"));
+
+    storyboard.add(
+        {QStringLiteral("MainMenuViewController"),
+         QStringLiteral("Lantern"),
+         QStringLiteral("MainMenuView"),
+         [&] { return std::make_unique<MainMenuViewController>(application); },
+         {show(QStringLiteral("MasterViewController")), show(QStringLiteral("TabBarController")),
+          show(QStringLiteral("NewViewTableViewController")), show(QStringLiteral("AddQuote")),
+          show(QStringLiteral("TopicTableTableViewController")),
+          show(QStringLiteral("ReferenceListsViewController")),
+          show(QStringLiteral("ImportViewController")),
+          show(QStringLiteral("ExportViewController")),
+          show(QStringLiteral("RateShareTableViewController")),
+          show(QStringLiteral("DefaultsViewController"))},
+         wire(&wireMainMenu)});
+    storyboard.add({QStringLiteral("ReferenceListsViewController"),
+                    QStringLiteral("Reference Lists"),
+                    QStringLiteral("ReferenceListsView"),
+                    [] { return std::make_unique<ReferenceListsViewController>(); },
+                    {show(QStringLiteral("AuthorTableViewController")),
+                     show(QStringLiteral("SourceTableViewController")),
+                     show(QStringLiteral("TopicTableViewController"))},
+                    wire(&wireReferenceLists)});
+    storyboard.add({QStringLiteral("TabBarController"),
+                    QString(),
+                    QStringLiteral("TabBarView"),
+                    [&] { return makeTabs(storyboard); },
+                    {},
+                    {}});
+    storyboard.add(
+        {QStringLiteral("MasterViewController"),
+         QString(),
+         QStringLiteral("MasterView"),
+         [&] { return std::make_unique<MasterViewController>(application); },
+         {show(QStringLiteral("DetailViewController")), show(QStringLiteral("AddQuote"))},
+         wire(&wireQuoteList)});
+    storyboard.add(
+        {QStringLiteral("AddQuote"),
+         QStringLiteral("Add Quote"),
+         QStringLiteral("AddView"),
+         [&] { return std::make_unique<AddViewController>(application); },
+         {show(QStringLiteral("TopicTableTableViewController")),
+          show(QStringLiteral("NewSourceTableViewController")),
+          show(QStringLiteral("NewAuthorTableViewController")), unwindToMainMenu, unwindToMainList},
+         wire(&wireAddQuote)});
+    storyboard.add({QStringLiteral("ImportViewController"),
+                    QString(),
+                    QStringLiteral("ImportView"),
+                    [&] { return std::make_unique<ImportViewController>(application); },
+                    {unwindToMainMenu},
+                    {}});
+
+    const auto plain = [&](const QString& identifier, const QString& title) {
+        storyboard.add({identifier,
+                        title,
+                        QStringLiteral("PlainView"),
+                        [] { return std::make_unique<PlainViewController>(); },
+                        {unwindToMainMenu},
+                        {}});
+    };
+    plain(QStringLiteral("DetailViewController"), QStringLiteral("Quote"));
+    plain(QStringLiteral("NewViewTableViewController"), QStringLiteral("Quotes by Topic"));
+    plain(QStringLiteral("AuthorTableViewController"), QStringLiteral("Authors"));
+    plain(QStringLiteral("SourceTableViewController"), QStringLiteral("Sources"));
+    plain(QStringLiteral("TopicTableViewController"), QStringLiteral("Topics"));
+    plain(QStringLiteral("NewAuthorTableViewController"), QStringLiteral("Author Names"));
+    plain(QStringLiteral("NewSourceTableViewController"), QStringLiteral("Source Names"));
+    plain(QStringLiteral("TopicTableTableViewController"), QStringLiteral("Topics"));
+    plain(QStringLiteral("ExportViewController"), QStringLiteral("Export"));
+    plain(QStringLiteral("RateShareTableViewController"), QStringLiteral("Rate/Share"));
+    plain(QStringLiteral("DefaultsViewController"), QStringLiteral("Settings"));
+}
+
+std::unique_ptr<NavigationController> makeRootViewController(Storyboard& storyboard) {
+    return std::make_unique<NavigationController>(
+        storyboard.instantiate(QStringLiteral("MainMenuViewController")));
+}

@@ -1,0 +1,103 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Lantern
+
+/** Titles side by side, of which one is selected. */
+FocusScope {
+    id: root
+
+    required property ToolkitSegmentedControl control
+
+    implicitWidth: row.implicitWidth
+    implicitHeight: Theme.touchTarget
+    objectName: control.accessibilityLabel
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: control.accessibilityLabel
+
+    Rectangle {
+        anchors.fill: row
+        anchors.topMargin: 6
+        anchors.bottomMargin: 6
+        radius: 8
+        color: Theme.surface
+        border.width: 1
+        border.color: root.control.tintColor
+    }
+
+    RowLayout {
+        id: row
+
+        anchors.fill: parent
+        spacing: 0
+
+        Repeater {
+            id: segments
+
+            model: root.control.items
+
+            T.AbstractButton {
+                id: segment
+
+                required property int index
+                required property string modelData
+                readonly property bool selected: root.control.selectedIndex === index
+
+                function goTo(neighbour: int): void {
+                    const item = segments.itemAt(neighbour);
+                    if (item !== null) {
+                        item.forceActiveFocus(Qt.TabFocusReason);
+                        root.control.choose(neighbour);
+                    }
+                }
+
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                Layout.minimumWidth: implicitContentWidth + 2 * Theme.gap
+                implicitWidth: implicitContentWidth + 2 * Theme.gap
+                implicitHeight: Theme.touchTarget
+                text: modelData
+                objectName: text
+                focus: selected
+                Accessible.role: Accessible.PageTab
+                Accessible.name: text
+                Accessible.selected: selected
+                Accessible.onPressAction: segment.clicked()
+                onClicked: root.control.choose(index)
+                Keys.onReturnPressed: segment.clicked()
+                Keys.onEnterPressed: segment.clicked()
+                Keys.onLeftPressed: goTo(index - 1)
+                Keys.onRightPressed: goTo(index + 1)
+
+                contentItem: PlainText {
+                    text: segment.text
+                    font.pixelSize: Theme.secondaryFont
+                    font.bold: segment.selected
+                    color: segment.selected ? Theme.accentInk : root.control.tintColor
+                    wrapMode: Text.NoWrap
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                }
+
+                background: Item {
+                    Rectangle {
+                        anchors.fill: parent
+                        anchors.topMargin: 6
+                        anchors.bottomMargin: 6
+                        radius: 8
+                        visible: segment.selected || segment.down
+                        color: segment.selected ? root.control.tintColor : Theme.pressed
+                    }
+
+                    FocusRing {
+                        anchors.margins: 2
+                        radius: 10
+                        shown: segment.visualFocus
+                    }
+                }
+            }
+        }
+    }
+}

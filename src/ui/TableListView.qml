@@ -1,0 +1,158 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Lantern
+
+/** A table: the search field and the header above the rows, and as many rows as the screen shows.
+ * The delegate is a TableRow of this table. */
+FocusScope {
+    id: root
+
+    required property ToolkitTableView table
+
+    property alias delegate: list.delegate
+    property alias list: list
+
+    function goTo(row: int): void {
+        list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
+        list.positionViewAtIndex(list.currentIndex, ListView.Contain);
+    }
+
+    function openMenu(place: point): void {
+        const inList = list.mapFromItem(root, place);
+        const row = inList.y < 0 ? -1 : list.indexAt(list.width / 2, list.contentY + inList.y);
+        menu.titles = row < 0 ? [] : table.swipeActionTitles(row);
+        menu.row = row;
+        if (menu.titles.length > 0)
+            menu.popup(root, place.x, place.y);
+    }
+
+    function performAction(row: int, action: int): void {
+        if (action >= table.swipeActionTitles(row).length)
+            return;
+        list.fading = true;
+        table.performSwipeAction(row, action);
+        fadeEnd.restart();
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.paper
+    }
+
+    // A row that had this handler would take the right button for a tap.
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => root.openMenu(eventPoint.position)
+    }
+
+    ActionMenu {
+        id: menu
+
+        onChosen: (row, action) => root.performAction(row, action)
+    }
+
+    Column {
+        id: head
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(parent.width - 2 * Theme.margin, Theme.readableWidth)
+        topPadding: Theme.gap
+        bottomPadding: Theme.gap
+        spacing: Theme.gap
+
+        Repeater {
+            model: root.table.searchController !== null ? 1 : 0
+
+            SearchField {
+                width: head.width
+                controller: root.table.searchController
+            }
+        }
+
+        LabelView {
+            width: parent.width
+            visible: text !== ""
+            control: root.table.header
+        }
+    }
+
+    ListView {
+        id: list
+
+        property bool fading: false
+
+        readonly property int page: Math.max(1, Math.floor(height / Theme.touchTarget) - 1)
+
+        anchors.top: head.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        model: root.table
+        reuseItems: true
+        currentIndex: -1
+        highlightFollowsCurrentItem: false
+        keyNavigationEnabled: false
+        boundsBehavior: Flickable.StopAtBounds
+        bottomMargin: Theme.gap
+        clip: true
+        focus: true
+        activeFocusOnTab: true
+        objectName: "Rows"
+        Accessible.role: Accessible.List
+        Accessible.name: root.table.header?.text ?? ""
+
+        Keys.onUpPressed: root.goTo(currentIndex - 1)
+        Keys.onDownPressed: root.goTo(currentIndex < 0 ? indexAt(width / 2, contentY + 1)
+                                                       : currentIndex + 1)
+        Keys.onReturnPressed: if (currentIndex >= 0)
+            root.table.selectRow(currentIndex)
+        Keys.onEnterPressed: if (currentIndex >= 0)
+            root.table.selectRow(currentIndex)
+        Keys.onSpacePressed: if (currentIndex >= 0)
+            root.table.selectRow(currentIndex)
+        Keys.onDeletePressed: if (currentIndex >= 0)
+            root.performAction(currentIndex, 0)
+        Keys.onPressed: event => {
+            const rows = {
+                [Qt.Key_PageUp]: currentIndex - page,
+                [Qt.Key_PageDown]: currentIndex + page,
+                [Qt.Key_Home]: 0,
+                [Qt.Key_End]: count - 1
+            };
+            event.accepted = event.key in rows;
+            if (event.accepted)
+                root.goTo(rows[event.key]);
+        }
+
+        T.ScrollBar.vertical: PageScrollBar {}
+
+        remove: Transition {
+            enabled: list.fading
+
+            NumberAnimation {
+                property: "opacity"
+                to: 0
+                duration: Theme.fadeDuration
+            }
+        }
+
+        displaced: Transition {
+            enabled: list.fading
+
+            NumberAnimation {
+                property: "y"
+                duration: Theme.fadeDuration
+                easing.type: Easing.OutCubic
+            }
+        }
+
+        Timer {
+            id: fadeEnd
+
+            interval: Theme.fadeDuration
+            onTriggered: list.fading = false
+        }
+    }
+}

@@ -1,0 +1,37 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Lantern
+
+/** A row of bar buttons on the toolbar's tint. */
+Rectangle {
+    id: root
+
+    required property ToolkitToolbar control
+
+    implicitHeight: Theme.touchTarget
+    color: control.tintColor
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.gap
+        anchors.rightMargin: Theme.gap
+
+        Repeater {
+            model: root.control.items
+
+            TextButton {
+                required property QtObject modelData
+                readonly property BarButtonItem item: modelData as BarButtonItem
+
+                Layout.fillWidth: item.flexibleSpace
+                enabled: !item.flexibleSpace
+                tint: Theme.ink
+                bold: true
+                text: item.title
+                onClicked: item.press()
+            }
+        }
+    }
+}

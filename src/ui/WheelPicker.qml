@@ -1,0 +1,48 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Lantern
+
+/** A picker as a wheel, which starts at the row of the field's text. */
+FocusScope {
+    id: root
+
+    required property ToolkitPickerView picker
+    required property string text
+
+    function start(): void {
+        picker.reloadAllComponents();
+        wheel.show(Math.max(0, picker.rowWithTitle(text)));
+    }
+
+    implicitHeight: wheel.implicitHeight
+    onPickerChanged: start()
+    Component.onCompleted: start()
+
+    Connections {
+        target: Editing
+
+        function onTurned(steps: int) {
+            wheel.turn(steps);
+        }
+    }
+
+    Wheel {
+        id: wheel
+
+        anchors.fill: parent
+        focus: true
+        name: root.picker?.accessibilityLabel ?? ""
+        model: root.picker?.rows ?? null
+        onTurned: row => root.picker?.choose(row)
+
+        delegate: WheelRow {
+            required property var model
+
+            text: model.text
+            font.pixelSize: model.fontSize > 0 ? model.fontSize : Theme.bodyFont
+            font.bold: model.bold
+            horizontalAlignment: model.centered ? Text.AlignHCenter : Text.AlignLeft
+        }
+    }
+}
