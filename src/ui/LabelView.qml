@@ -7,7 +7,6 @@ PlainText {
 
     visible: control !== null && !control.hidden
     text: control?.text ?? ""
-    objectName: text
     color: control?.textColor ?? Theme.ink
     font.pixelSize: control?.fontSize ?? Theme.bodyFont
     font.bold: control?.bold ?? false

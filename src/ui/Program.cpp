@@ -4,6 +4,7 @@
 #include "toolkit/NavigationController.h"
 #include "ui/Scenes.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QQmlExtensionPlugin>
 #include <QStandardPaths>
@@ -32,6 +33,8 @@ Program::~Program() {
     if (m_quickWindow)
         m_quickWindow->setProperty("window", QVariant::fromValue<Window*>(nullptr));
     delete m_quickWindow;
+    // Views that are on their way out would outlive the engine that they belong to.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 bool Program::launch() {

@@ -75,6 +75,7 @@ FocusScope {
             width: parent.width
             visible: text !== ""
             control: root.table.header
+            objectName: text
         }
     }
 

@@ -1,0 +1,290 @@
+#include "Pilot.h"
+#include "exchange/ImportViewController.h"
+#include "foundation/FatalError.h"
+#include "quotes/AddViewController.h"
+#include "quotes/MasterViewController.h"
+#include "toolkit/AlertController.h"
+#include "toolkit/DocumentPickerViewController.h"
+#include "toolkit/NavigationController.h"
+#include "toolkit/TabBarController.h"
+#include "ui/Program.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+QStringList warnings; // of QML and the program, since the test began
+
+void keepWarnings(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
+    if (type != QtInfoMsg && type != QtDebugMsg)
+        warnings.append(message);
+}
+
+/** The whole program in its real window, with a store of its own. These tests wait for
+ * animations, and take some seconds for that. */
+class Views : public testing::Test {
+protected:
+    Views() {
+        qInstallMessageHandler(keepWarnings);
+        EXPECT_TRUE(program.launch());
+        pilot.emplace(program.quickWindow());
+        pilot->settle();
+    }
+    ~Views() override {
+        EXPECT_EQ(warnings.join(QLatin1Char('\n')).toStdString(), "");
+        warnings.clear();
+        qInstallMessageHandler(nullptr);
+    }
+
+    ManagedObjectContext& context() {
+        return program.application().persistentContainer().viewContext();
+    }
+
+    void addQuote(const QString& author, const QString& category, const QString& text) {
+        Event& quote = *context().insert<Event>();
+        quote.setAuthor(author);
+        quote.setCategory(category);
+        quote.setSource(QStringLiteral("Source"));
+        quote.setQuote(text);
+        program.application().saveContext();
+    }
+
+    std::size_t quoteCount() { return context().fetch(Event::fetchRequest()).records.size(); }
+
+    /** Opens a screen from the menu. */
+    template <class Controller = ViewController>
+    Controller& open(const char* option) {
+        pilot->tap(QStringLiteral("Menu"));
+        pilot->tap(QLatin1String(option));
+        return top<Controller>();
+    }
+
+    template <class Controller = ViewController>
+    Controller& top() {
+        auto* controller = qobject_cast<Controller*>(program.navigation().topViewController());
+        if (!controller)
+            throw std::runtime_error("another screen is on top");
+        return *controller;
+    }
+
+    QStringList rows(const char* start = "Topic: ") {
+        QStringList names;
+        for (const QQuickItem* row : pilot->findAll(QLatin1String(start)))
+            names.append(row->objectName());
+        return names;
+    }
+
+    QTemporaryDir home;
+    Program program{{home.filePath(QStringLiteral("store")),
+                     home.filePath(QStringLiteral("settings/Lantern.ini"))},
+                    Environment{[] { return Date(1'614'600'000'000ms); }, // 2021-03-01 12:00 UTC
+                                QStringLiteral("en_US"), QStringLiteral("UTC")}};
+    std::optional<Pilot> pilot;
+};
+
+TEST_F(Views, MenuShowsItsOptionsAndWorksByKeyboard) {
+    EXPECT_FALSE(pilot->look(QStringLiteral("Import")));
+    pilot->tap(QStringLiteral("Menu"));
+    for (const char* option :
+         {"Quote List", "Quotes by Group", "Quotes by Topic", "Add New Quote", "Topics",
+          "Reference Lists", "Import", "Export", "Rate/Share", "Settings"})
+        EXPECT_TRUE(pilot->look(QLatin1String(option))) << option;
+    pilot->tap(QStringLiteral("Menu"));
+    EXPECT_FALSE(pilot->look(QStringLiteral("Import")));
+
+    for (int tabs = 0; tabs < 20 && !pilot->hasFocus(QStringLiteral("Menu")); ++tabs)
+        pilot->press(Qt::Key_Tab);
+    pilot->press(Qt::Key_Space);
+    for (int tabs = 0; tabs < 20 && !pilot->hasFocus(QStringLiteral("Quote List")); ++tabs)
+        pilot->press(Qt::Key_Tab);
+    pilot->press(Qt::Key_Return);
+    EXPECT_NO_THROW(top<MasterViewController>());
+    pilot->press(Qt::Key_Escape);
+    EXPECT_EQ(top().title(), "Lantern");
+}
+
+TEST_F(Views, EveryOptionOpensAScreenAndComesBack) {
+    for (const char* option : {"Quote List", "Quotes by Topic", "Add New Quote", "Topics",
+                               "Reference Lists", "Import", "Export", "Rate/Share", "Settings"}) {
+        open(option);
+        EXPECT_EQ(program.navigation().depth(), 2) << option;
+        pilot->tap(QStringLiteral("Back"));
+        EXPECT_EQ(program.navigation().depth(), 1) << option;
+    }
+    open("Quotes by Group");
+    EXPECT_TRUE(program.navigation().isNavigationBarHidden());
+    pilot->tap(QStringLiteral("Topics"));
+    EXPECT_EQ(top<TabBarController>().selectedIndex(), 2);
+    pilot->tap(QStringLiteral("Back"));
+    EXPECT_EQ(top().title(), "Lantern");
+    EXPECT_FALSE(program.navigation().isNavigationBarHidden());
+}
+
+TEST_F(Views, GoBackByASwipeFromTheEdge) {
+    open("Import");
+    pilot->drag({2, 400}, {300, 0});
+    EXPECT_EQ(top().title(), "Lantern");
+    open("Import");
+    pilot->drag({150, 400}, {200, 0});
+    EXPECT_EQ(top().title(), "Import Quote Records");
+}
+
+TEST_F(Views, QuoteListSortsSearchesAndShowsTextAsItIs) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("b"), QStringLiteral("one"));
+    addQuote(QStringLiteral("<b>Bob</b><img src=\"file:///etc/hostname\">"), QStringLiteral("a"),
+             QStringLiteral("two"));
+    open("Quote List");
+    EXPECT_EQ(rows().size(), 2);
+    EXPECT_TRUE(rows().at(0).startsWith(QStringLiteral("Topic: a")));
+    EXPECT_TRUE(pilot->look(QStringLiteral("# of Quotes = 2")));
+    pilot->tap(QStringLiteral("Sort"));
+    EXPECT_TRUE(rows().at(0).startsWith(QStringLiteral("Topic: b")));
+    pilot->tap(QStringLiteral("Author"));
+    EXPECT_TRUE(rows("Author: ").at(1).contains(QStringLiteral("<b>Bob</b><img src")));
+
+    pilot->tap(QStringLiteral("Search quotes"));
+    pilot->type(QStringLiteral("bob"));
+    EXPECT_EQ(top<MasterViewController>().searchController->searchBar()->text(),
+              QStringLiteral("bob"));
+    EXPECT_EQ(rows("Author: ").size(), 1);
+    EXPECT_TRUE(pilot->hasFocus(QStringLiteral("Search quotes")));
+    EXPECT_TRUE(pilot->look(QStringLiteral("# of Quotes in your search = 1")));
+}
+
+TEST_F(Views, QuoteListDeletesBySwipe) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("a"), {});
+    addQuote(QStringLiteral("Ann"), QStringLiteral("b"), {});
+    open("Quote List");
+    pilot->drag(*pilot->findAll(QStringLiteral("Topic: b")).at(0), {-130, 0});
+    pilot->tap(QStringLiteral("delete"));
+    EXPECT_EQ(quoteCount(), 1);
+    EXPECT_EQ(rows(), QStringList("Topic: a"));
+}
+
+TEST_F(Views, QuoteListDeletesByMenu) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("a"), {});
+    addQuote(QStringLiteral("Ann"), QStringLiteral("b"), {});
+    open("Quote List");
+    pilot->tap(*pilot->findAll(QStringLiteral("Topic: a")).at(0), Qt::RightButton);
+    pilot->tap(QStringLiteral("delete"));
+    EXPECT_EQ(quoteCount(), 1);
+    EXPECT_EQ(rows(), QStringList("Topic: b"));
+}
+
+TEST_F(Views, QuoteListDeletesByKey) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("a"), {});
+    addQuote(QStringLiteral("Ann"), QStringLiteral("b"), {});
+    open("Quote List");
+    for (int tabs = 0; tabs < 20 && !pilot->hasFocus(QStringLiteral("Rows")); ++tabs)
+        pilot->press(Qt::Key_Tab);
+    pilot->press(Qt::Key_Down);
+    pilot->press(Qt::Key_Down);
+    pilot->press(Qt::Key_Delete);
+    EXPECT_EQ(quoteCount(), 1);
+    EXPECT_EQ(rows(), QStringList("Topic: a"));
+}
+
+TEST_F(Views, QuoteListKeepsItsPlaceWhenRowsGoAndSortsChange) {
+    for (int number = 0; number < 300; ++number)
+        addQuote(QStringLiteral("Ann"), QStringLiteral("%1").arg(number, 3, 10, QLatin1Char('0')),
+                 {});
+    open("Quote List");
+    QQuickItem& list = pilot->find(QStringLiteral("Rows"));
+    list.setProperty("contentY", 6000);
+    pilot->settle();
+    const double place = list.property("contentY").toDouble();
+    ASSERT_GT(place, 5000);
+    pilot->drag(*pilot->findAll(QStringLiteral("Topic: ")).at(2), {-130, 0});
+    pilot->tap(QStringLiteral("delete"));
+    EXPECT_EQ(quoteCount(), 299);
+    EXPECT_NEAR(list.property("contentY").toDouble(), place, 1);
+    pilot->tap(QStringLiteral("Sort"));
+    EXPECT_NEAR(list.property("contentY").toDouble(), place, 1);
+    pilot->tap(*pilot->findAll(QStringLiteral("Topic: ")).at(3));
+    EXPECT_EQ(top().title(), "Quote");
+    pilot->tap(QStringLiteral("Back"));
+    EXPECT_NEAR(list.property("contentY").toDouble(), place, 1);
+}
+
+TEST_F(Views, AddQuoteTakesTypedAndPickedValues) {
+    context().insert<Topics>()->setTopic(QStringLiteral("hope"));
+    context().insert<Topics>()->setTopic(QStringLiteral("love"));
+    program.application().saveContext();
+    auto& form = open<AddViewController>("Add New Quote");
+    pilot->tap(QStringLiteral("Save"));
+    EXPECT_TRUE(pilot->look(QStringLiteral("OK")));
+    pilot->press(Qt::Key_Escape);
+    EXPECT_EQ(program.navigation().presentedViewController(), nullptr);
+    EXPECT_EQ(program.navigation().depth(), 2);
+
+    pilot->tap(QStringLiteral("Topic"));
+    EXPECT_TRUE(form.CategoryTextField->isEditing());
+    pilot->tap(QStringLiteral("love"));
+    EXPECT_EQ(form.CategoryTextField->text(), "love");
+    pilot->press(Qt::Key_Escape);
+    EXPECT_FALSE(form.CategoryTextField->isEditing());
+    pilot->tap(QStringLiteral("Source"));
+    pilot->type(QStringLiteral("Войнá"));
+    EXPECT_EQ(form.SourceTextField->text(), QStringLiteral("Войнá"));
+    pilot->press(Qt::Key_Escape);
+    pilot->tap(QStringLiteral("Author"));
+    pilot->type(QStringLiteral("A"));
+    pilot->press(Qt::Key_Escape);
+    pilot->tap(QStringLiteral("Date"));
+    EXPECT_EQ(form.DateAddedTextField->text(), "March 1, 2021");
+    pilot->tap(QStringLiteral("Done"));
+    EXPECT_FALSE(form.DateAddedTextField->isEditing());
+    pilot->tap(QStringLiteral("Quote"));
+    pilot->type(QStringLiteral("Text"));
+    pilot->tap(QStringLiteral("Save"));
+    EXPECT_EQ(top().title(), "Lantern");
+    const auto quotes = context().fetch(Event::fetchRequest()).records;
+    ASSERT_EQ(quotes.size(), 1);
+    EXPECT_EQ(quotes[0]->source(), QStringLiteral("Войнá"));
+    EXPECT_EQ(quotes[0]->quote(), QStringLiteral("Text"));
+}
+
+TEST_F(Views, ImportAsksLoadsAndReports) {
+    const QString path = home.filePath(QStringLiteral("Quotes.csv"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("[QUOTECOLLECTION]\nA^T^S^^one\n[TOPICCOLLECTION]\nT\n");
+    file.close();
+    auto& screen = open<ImportViewController>("Import");
+    pilot->tap(QStringLiteral("Import File"));
+    EXPECT_EQ(program.navigation().presentedViewController(), nullptr);
+    pilot->tap(QStringLiteral("Load File"));
+    auto* picker =
+        qobject_cast<DocumentPickerViewController*>(program.navigation().presentedViewController());
+    ASSERT_TRUE(picker);
+    picker->pick(QUrl::fromLocalFile(path));
+    pilot->tap(QStringLiteral("OK"));
+    EXPECT_TRUE(screen.ImportButton->isEnabled());
+    pilot->tap(QStringLiteral("Import File"));
+    pilot->tap(QStringLiteral("OK"));
+    EXPECT_EQ(top().title(), "Lantern");
+    EXPECT_EQ(quoteCount(), 1);
+}
+
+TEST_F(Views, FatalMessageStaysInTheWindowUntilItIsRead) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    EXPECT_EXIT(
+        {
+            QTimer::singleShot(0, [this] {
+                pilot->find(QStringLiteral("The lamp <b>went out</b>"));
+                pilot->tap(QStringLiteral("Quit"));
+            });
+            fatalError(QStringLiteral("The lamp <b>went out</b>"));
+        },
+        testing::ExitedWithCode(EXIT_FAILURE),
+        "Fatal error: The lamp <b>went out</b> .ViewTests.cpp, line");
+}
+
+} // namespace

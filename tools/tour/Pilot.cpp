@@ -1,0 +1,113 @@
+#include "Pilot.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace {
+
+constexpr int longestAnimation = 450; // milliseconds
+
+QPoint middle(const QQuickItem& item) {
+    return item.mapToScene({item.width() / 2, item.height() / 2}).toPoint();
+}
+
+void collect(QQuickItem& item, const std::function<bool(const QQuickItem&)>& wanted,
+             QList<QQuickItem*>& found) {
+    if (!item.isVisible() || item.opacity() == 0)
+        return;
+    if (wanted(item))
+        found.append(&item);
+    for (QQuickItem* child : item.childItems())
+        collect(*child, wanted, found);
+}
+
+} // namespace
+
+Pilot::Pilot(QQuickWindow& window)
+    : m_window(window) {}
+
+QQuickItem* Pilot::look(const QString& name) const {
+    QList<QQuickItem*> found;
+    collect(
+        *m_window.contentItem(), [&](const QQuickItem& item) { return item.objectName() == name; },
+        found);
+    return found.isEmpty() ? nullptr : found.constLast();
+}
+
+QQuickItem& Pilot::find(const QString& name) const {
+    QQuickItem* item = nullptr;
+    if (!waitFor([&] { return (item = look(name)) != nullptr; }))
+        throw std::runtime_error("nothing in the window is called \"" + name.toStdString() + '"');
+    return *item;
+}
+
+QList<QQuickItem*> Pilot::findAll(const QString& start) const {
+    QList<QQuickItem*> found;
+    collect(
+        *m_window.contentItem(),
+        [&](const QQuickItem& item) { return item.objectName().startsWith(start); }, found);
+    std::sort(found.begin(), found.end(), [](const QQuickItem* first, const QQuickItem* second) {
+        return middle(*first).y() < middle(*second).y();
+    });
+    return found;
+}
+
+bool Pilot::hasFocus(const QString& name) const {
+    const QQuickItem* item = look(name);
+    const QQuickItem* focused = m_window.activeFocusItem();
+    return item && focused && (item == focused || item->isAncestorOf(focused));
+}
+
+void Pilot::tap(const QString& name) {
+    tap(find(name));
+}
+
+void Pilot::tap(const QQuickItem& item, Qt::MouseButton button) {
+    QTest::mouseClick(&m_window, button, {}, middle(item));
+    settle();
+}
+
+void Pilot::drag(const QQuickItem& item, QPoint by) {
+    drag(middle(item), by);
+}
+
+void Pilot::drag(QPoint from, QPoint by) {
+    constexpr int steps = 12;
+    QTest::mousePress(&m_window, Qt::LeftButton, {}, from);
+    for (int step = 1; step <= steps; ++step) {
+        QTest::mouseMove(&m_window, from + by * step / steps, 16);
+    }
+    QTest::qWait(100); // a finger that rests before it lifts does not flick
+    QTest::mouseRelease(&m_window, Qt::LeftButton, {}, from + by);
+    settle();
+}
+
+void Pilot::type(const QString& text) {
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, &m_window, Qt::Key_unknown, QString(character), {});
+    QTest::qWait(50);
+}
+
+void Pilot::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(&m_window, key, modifiers);
+    settle();
+}
+
+bool Pilot::waitFor(const std::function<bool()>& condition, int timeout) {
+    return QTest::qWaitFor(condition, timeout);
+}
+
+void Pilot::settle() const {
+    QTest::qWait(longestAnimation);
+}
+
+QImage Pilot::grab() const {
+    return m_window.grabWindow();
+}
+
+void Pilot::resize(QSize size) {
+    m_window.resize(size);
+    settle();
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QImage>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QString>
+
+#include <functional>
+
+/**
+ * Uses the running program as a person would: finds controls by their accessible names, taps,
+ * swipes and types, and looks at the window. What cannot be found throws std::runtime_error.
+ */
+class Pilot {
+public:
+    explicit Pilot(QQuickWindow& window);
+
+    /** The visible control of this name that was shown last; null when none is. */
+    QQuickItem* look(const QString& name) const;
+    /** The same, waiting up to two seconds for it. */
+    QQuickItem& find(const QString& name) const;
+    /** All visible controls whose names start so, from top to bottom. */
+    QList<QQuickItem*> findAll(const QString& start) const;
+    /** Whether a control has the keyboard. */
+    bool hasFocus(const QString& name) const;
+
+    void tap(const QString& name);
+    void tap(const QQuickItem& item, Qt::MouseButton button = Qt::LeftButton);
+    /** Drags over an item from its middle, by so many points. */
+    void drag(const QQuickItem& item, QPoint by);
+    /** Drags from a place in the window. */
+    void drag(QPoint from, QPoint by);
+    void type(const QString& text);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+
+    /** Lets the event loop turn until this holds; false after the time in milliseconds. */
+    static bool waitFor(const std::function<bool()>& condition, int timeout = 2000);
+    /** Lets animations come to their end. */
+    void settle() const;
+
+    QImage grab() const;
+    void resize(QSize size);
+
+private:
+    QQuickWindow& m_window;
+};

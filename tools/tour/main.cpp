@@ -1,0 +1,244 @@
+#include "Pilot.h"
+#include "exchange/ImportViewController.h"
+#include "toolkit/AlertController.h"
+#include "toolkit/DocumentPickerViewController.h"
+#include "toolkit/NavigationController.h"
+#include "ui/Program.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QHash>
+#include <QQuickStyle>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace {
+
+QStringList warnings; // of the program, while the tour uses it
+
+void keepWarnings(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (type != QtInfoMsg && type != QtDebugMsg)
+        warnings.append(QString::fromUtf8(context.category) + QStringLiteral(": ") + message);
+}
+
+/** Whether a picture shows more than an empty page: one colour may not fill nearly all of it. */
+bool hasContent(const QImage& picture) {
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); y += 2) {
+        for (int x = 0; x < picture.width(); x += 2)
+            ++counts[picture.pixel(x, y)];
+    }
+    int sum = 0;
+    int most = 0;
+    for (const int count : counts) {
+        sum += count;
+        most = std::max(most, count);
+    }
+    return counts.size() > 8 && most < sum * 0.995;
+}
+
+/** One walk through all screens in a window of one size, with a new store. */
+class Walk {
+public:
+    Walk(QSize size, const QString& collection, const QString& outputFolder)
+        : m_program({m_home.filePath(QStringLiteral("store")),
+                     m_home.filePath(QStringLiteral("settings/Lantern.ini"))},
+                    environment())
+        , m_pilot(launched(m_program))
+        , m_collection(collection)
+        , m_output(
+              QStringLiteral("%1/%2x%3").arg(outputFolder).arg(size.width()).arg(size.height())) {
+        if (!QDir().mkpath(m_output.path()))
+            throw std::runtime_error("the output folder cannot be made");
+        m_pilot.resize(size);
+    }
+
+    void all() {
+        menu();
+        import();
+        quoteList();
+        addQuote();
+        otherScreens();
+    }
+
+private:
+    static Environment environment() {
+        Environment environment = Environment::ofThisDevice();
+        environment.locale = QStringLiteral("en_US");
+        return environment;
+    }
+
+    static QQuickWindow& launched(Program& program) {
+        if (!program.launch())
+            throw std::runtime_error("the window cannot be made");
+        return program.quickWindow();
+    }
+
+    void shoot(const char* name) {
+        m_pilot.settle();
+        const QImage picture = m_pilot.grab();
+        const QString file = m_output.filePath(
+            QStringLiteral("%1-%2.png").arg(++m_shots, 2, 10, QLatin1Char('0')).arg(name));
+        if (!picture.save(file))
+            throw std::runtime_error("cannot write " + file.toStdString());
+        if (!hasContent(picture))
+            throw std::runtime_error(file.toStdString() + " shows nothing");
+    }
+
+    void menu() {
+        shoot("menu-closed");
+        m_pilot.tap(QStringLiteral("Menu"));
+        shoot("menu");
+    }
+
+    void import() {
+        m_pilot.tap(QStringLiteral("Import"));
+        shoot("import");
+        m_pilot.tap(QStringLiteral("Load File"));
+        shoot("import-file-chooser");
+        auto* picker = qobject_cast<DocumentPickerViewController*>(
+            m_program.navigation().presentedViewController());
+        if (!picker)
+            throw std::runtime_error("no file chooser is shown");
+        picker->pick(QUrl::fromLocalFile(m_collection));
+        shoot("import-loaded-alert");
+        m_pilot.tap(QStringLiteral("OK"));
+        shoot("import-loaded");
+        m_pilot.tap(QStringLiteral("Import File"));
+        shoot("import-report");
+        m_pilot.tap(QStringLiteral("OK"));
+        m_pilot.find(QStringLiteral("Menu"));
+    }
+
+    void quoteList() {
+        open("Quote List");
+        shoot("quotes-by-topic");
+        m_pilot.tap(QStringLiteral("Author"));
+        shoot("quotes-by-author");
+        m_pilot.tap(QStringLiteral("Sort"));
+        shoot("quotes-by-author-descending");
+        m_pilot.tap(QStringLiteral("Sort"));
+        m_pilot.tap(QStringLiteral("Source"));
+        shoot("quotes-by-source");
+        m_pilot.tap(QStringLiteral("Search quotes"));
+        m_pilot.type(QStringLiteral("hamlet"));
+        shoot("quotes-search");
+        for (int letters = 0; letters < 6; ++letters)
+            m_pilot.press(Qt::Key_Backspace);
+        m_pilot.tap(QStringLiteral("Quote"));
+        shoot("quotes-without-search");
+        m_pilot.tap(QStringLiteral("Search quotes"));
+        m_pilot.type(QStringLiteral("love"));
+        shoot("quotes-text-search");
+        const auto rows = m_pilot.findAll(QStringLiteral("Topic: "));
+        if (rows.size() < 3)
+            throw std::runtime_error("the search shows no rows");
+        m_pilot.drag(*rows.at(1), {-120, 0});
+        shoot("quotes-swipe");
+        m_pilot.tap(QStringLiteral("delete"));
+        shoot("quotes-deleted");
+        m_pilot.tap(*m_pilot.findAll(QStringLiteral("Topic: ")).at(1));
+        shoot("quote");
+        m_pilot.tap(QStringLiteral("Back"));
+        m_pilot.tap(QStringLiteral("Back"));
+    }
+
+    void addQuote() {
+        open("Add New Quote");
+        shoot("add-quote");
+        m_pilot.tap(QStringLiteral("Save"));
+        shoot("add-quote-missing");
+        m_pilot.tap(QStringLiteral("OK"));
+        m_pilot.tap(QStringLiteral("Topic"));
+        shoot("add-quote-topic-picker");
+        m_pilot.type(QStringLiteral("wonder"));
+        m_pilot.press(Qt::Key_Escape);
+        for (const char* style : {"UseDateWheel", "UseDateInline", "UseDateCompact"}) {
+            m_program.application().services.userDefaults.setBool(QLatin1String(style), true);
+            m_pilot.tap(QStringLiteral("Date"));
+            shoot(style);
+            m_pilot.tap(QStringLiteral("Done"));
+            m_program.application().services.userDefaults.setBool(QLatin1String(style), false);
+        }
+        m_pilot.tap(QStringLiteral("Source"));
+        m_pilot.type(QStringLiteral("Letters"));
+        m_pilot.press(Qt::Key_Escape);
+        m_pilot.tap(QStringLiteral("Author"));
+        m_pilot.type(QStringLiteral("Лев Толстой 托爾斯泰 تولستوي"));
+        m_pilot.press(Qt::Key_Escape);
+        m_pilot.tap(QStringLiteral("Quote"));
+        m_pilot.type(
+            QStringLiteral("Все счастливые семьи похожи друг на друга. 幸福的家庭都是相似的。 "
+                           "كل العائلات السعيدة تتشابه"));
+        shoot("add-quote-filled");
+        m_pilot.tap(QStringLiteral("Save"));
+        m_pilot.find(QStringLiteral("Menu"));
+    }
+
+    void otherScreens() {
+        open("Reference Lists");
+        shoot("reference-lists");
+        m_pilot.tap(QStringLiteral("Back"));
+        open("Quotes by Group");
+        shoot("tabs");
+        m_pilot.tap(QStringLiteral("Sources"));
+        shoot("tabs-sources");
+        m_pilot.tap(QStringLiteral("Back"));
+        for (const char* name : {"Quotes by Topic", "Topics", "Export", "Rate/Share", "Settings"}) {
+            open(name);
+            shoot(QString::fromLatin1(name)
+                      .toLower()
+                      .replace(QLatin1Char('/'), QLatin1Char('-'))
+                      .replace(QLatin1Char(' '), QLatin1Char('-'))
+                      .toLatin1()
+                      .constData());
+            m_pilot.tap(QStringLiteral("Back"));
+        }
+    }
+
+    /** Opens a screen from the menu, whose options hide whenever it comes back. */
+    void open(const char* option) {
+        if (!m_pilot.look(QLatin1String(option)))
+            m_pilot.tap(QStringLiteral("Menu"));
+        m_pilot.tap(QLatin1String(option));
+    }
+
+    QTemporaryDir m_home;
+    Program m_program;
+    Pilot m_pilot;
+    QString m_collection;
+    QDir m_output;
+    int m_shots = 0;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr, "Draws every screen of Lantern, with a collection imported into it.\n"
+                             "usage: tour OUTPUT-FOLDER COLLECTION-FILE\n");
+        return EXIT_FAILURE;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    const QGuiApplication application(argc, argv);
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    qInstallMessageHandler(keepWarnings);
+
+    const QString output = QString::fromLocal8Bit(argv[1]);
+    const QString collection = QFile::decodeName(argv[2]);
+    try {
+        for (const QSize size : {QSize(390, 844), QSize(320, 568), QSize(1024, 768)})
+            Walk(size, collection, output).all();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "The tour ended: %s\n", error.what());
+        warnings.append(QString());
+    }
+    for (const QString& warning : warnings)
+        std::fprintf(stderr, "%s\n", warning.toLocal8Bit().constData());
+    return warnings.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
