@@ -1,0 +1,292 @@
+#include "app/AppDelegate.h"
+#include "exchange/ImportViewController.h"
+#include "quotes/MasterViewController.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <array>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <sqlite3.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+struct Segment {
+    const char* name;
+    const char* orderInSql;
+};
+
+// In the order of the quote list's own.
+constexpr std::array segments{Segment{"Topic", " order by category, author, source"},
+                              Segment{"Author", " order by author, category, source"},
+                              Segment{"Source", " order by source, category, author"},
+                              Segment{"Quote", ""}};
+constexpr int quoteSegment = 3;
+
+[[noreturn]] void fail(const QString& message) {
+    std::fprintf(stderr, "LanternBench: %s\n", qUtf8Printable(message));
+    std::exit(EXIT_FAILURE);
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly))
+        fail(QStringLiteral("\"%1\" cannot be read: %2").arg(path, file.errorString()));
+    return file.readAll();
+}
+
+void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    if (!file.open(QFile::WriteOnly) || file.write(content) != content.size() || !file.flush())
+        fail(QStringLiteral("\"%1\" cannot be written: %2").arg(path, file.errorString()));
+}
+
+/** The collection cut to so many quotes, taken at even distances; all topics stay. */
+QByteArray sample(const QByteArray& collection, qsizetype count) {
+    const auto lines = collection.split('\n');
+    const qsizetype begin = lines.indexOf("[QUOTECOLLECTION]") + 1;
+    const qsizetype end = lines.indexOf("[TOPICCOLLECTION]");
+    const qsizetype total = end - begin;
+    if (begin == 0 || total < count)
+        fail(QStringLiteral("the collection has fewer than %1 quotes").arg(count));
+    QByteArrayList sampled{lines[begin - 1]};
+    for (qsizetype i = 0; i < count; ++i)
+        sampled.append(lines[begin + i * total / count]);
+    return (sampled + lines.sliced(end)).join('\n');
+}
+
+/** The program without its window. */
+class Application {
+public:
+    explicit Application(const QString& storeFolder)
+        : userDefaults(storeFolder + QStringLiteral("/Lantern.ini"))
+        , delegate(Services{environment, userDefaults, mainQueue, keyboard, classes, selection,
+                            storeFolder}) {}
+
+    Environment environment{[] { return Date(1'614'600'000'000ms); }, QStringLiteral("en_US"),
+                            QStringLiteral("UTC"), SystemVersion{17, 0}};
+    UserDefaults userDefaults;
+    EventLoopMainQueue mainQueue;
+    Keyboard keyboard;
+    ClassRuntime classes;
+    SelectionValues selection;
+    AppDelegate delegate;
+
+    ManagedObjectContext& context() { return delegate.persistentContainer().viewContext(); }
+};
+
+/** Loads a collection file on the import screen and imports it. */
+void import(Application& application, const QString& collection) {
+    ImportViewController screen(application.delegate);
+    screen.viewDidLoad();
+    screen.didPickDocumentAtURL(QUrl::fromLocalFile(collection));
+    screen.dismiss();
+    screen.ImportButton->press();
+}
+
+void expectQuotes(std::size_t found, qsizetype expected) {
+    if (qsizetype(found) != expected)
+        fail(QStringLiteral("%1 quotes instead of %2").arg(found).arg(expected));
+}
+
+void expectQuotesInStore(Application& application, qsizetype expected) {
+    expectQuotes(application.context().fetch(Event::fetchRequest()).records.size(), expected);
+}
+
+/** A collection of a certain size, as a file and as a store. */
+struct Input {
+    QString folder;
+    qsizetype count;
+    QString collection = QStringLiteral("%1/collection-%2.csv").arg(folder).arg(count);
+    QString storeFolder = QStringLiteral("%1/store-%2").arg(folder).arg(count);
+};
+
+Input makeInput(const QByteArray& collection, const QString& folder, qsizetype count) {
+    Input input{folder, count};
+    write(input.collection, sample(collection, count));
+    QDir(input.storeFolder).removeRecursively();
+    Application application(input.storeFolder);
+    import(application, input.collection);
+    expectQuotesInStore(application, count);
+    return input;
+}
+
+/** The quote list on a store that was just opened, with a segment chosen. */
+class OpenList {
+public:
+    explicit OpenList(const Input& input, int segment)
+        : application(input.storeFolder)
+        , list(application.delegate) {
+        list.viewDidLoad();
+        list.segment->choose(segment);
+        expectQuotes(list.QuoteList.size(), input.count);
+    }
+
+    void search(const QString& text) { list.searchController->searchBar()->setText(text); }
+
+    Application application;
+    MasterViewController list;
+};
+
+/** From nothing in memory to the list sorted by topic. */
+void open(benchmark::State& state, const Input& input) {
+    for ([[maybe_unused]] auto _ : state) {
+        auto list = std::make_unique<OpenList>(input, 0);
+        state.PauseTiming();
+        list.reset();
+        state.ResumeTiming();
+    }
+}
+
+void refresh(benchmark::State& state, const Input& input, int segment) {
+    OpenList open(input, segment);
+    for ([[maybe_unused]] auto _ : state)
+        open.list.viewWillAppear();
+    expectQuotes(open.list.QuoteList.size(), input.count);
+}
+
+/** A letter typed or taken back, in turn. */
+void keystroke(benchmark::State& state, const Input& input, int segment) {
+    const std::array texts{QStringLiteral("lov"), QStringLiteral("love")};
+    OpenList open(input, segment);
+    open.search(texts[1]);
+    std::size_t keystrokes = 0;
+    for ([[maybe_unused]] auto _ : state)
+        open.search(texts[keystrokes++ % 2]);
+    open.search(texts[1]);
+    state.counters["found"] = double(open.list.FilteredQuoteList.size());
+}
+
+/** The first search since the store was opened, which prepares those that follow. */
+void firstKeystroke(benchmark::State& state, const Input& input, int segment) {
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        auto open = std::make_unique<OpenList>(input, segment);
+        state.ResumeTiming();
+        open->search(QStringLiteral("love"));
+        state.PauseTiming();
+        open.reset();
+        state.ResumeTiming();
+    }
+}
+
+void importOnce(benchmark::State& state, const Input& input) {
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        {
+            const QTemporaryDir folder(input.folder + QStringLiteral("/import"));
+            Application application(folder.path());
+            application.delegate.persistentContainer();
+            state.ResumeTiming();
+            import(application, input.collection);
+            state.PauseTiming();
+            expectQuotesInStore(application, input.count);
+        }
+        state.ResumeTiming();
+    }
+}
+
+void importAgain(benchmark::State& state, const Input& input) {
+    Application application(input.storeFolder);
+    expectQuotesInStore(application, input.count);
+    for ([[maybe_unused]] auto _ : state)
+        import(application, input.collection);
+    expectQuotesInStore(application, input.count);
+}
+
+/** A peer of refresh: SQLite sorts the same store, with nothing read from the rows. */
+void sqliteSelect(benchmark::State& state, const Input& input, const Segment& segment) {
+    struct Free {
+        void operator()(sqlite3* database) const { sqlite3_close(database); }
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+    sqlite3* database = nullptr;
+    sqlite3_open(QFile::encodeName(input.storeFolder + QStringLiteral("/Lantern.sqlite")),
+                 &database);
+    const std::unique_ptr<sqlite3, Free> ownedDatabase(database);
+    const auto sql = std::string("select category, author, source from event") + segment.orderInSql;
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(database, sql.c_str(), -1, &statement, nullptr);
+    const std::unique_ptr<sqlite3_stmt, Free> ownedStatement(statement);
+    for ([[maybe_unused]] auto _ : state) {
+        std::size_t rows = 0;
+        while (sqlite3_step(statement) == SQLITE_ROW)
+            ++rows;
+        sqlite3_reset(statement);
+        expectQuotes(rows, input.count);
+    }
+}
+
+template <class... Arguments>
+void add(const std::string& name, const Input& input, Arguments... arguments) {
+    benchmark::RegisterBenchmark((name + '/' + std::to_string(input.count)).c_str(), arguments...)
+        ->UseRealTime()
+        ->Unit(benchmark::kMillisecond);
+}
+
+void addAll(const Input& input) {
+    add("Open", input, open, input);
+    for (std::size_t i = 0; i < segments.size(); ++i) {
+        const std::string name = segments[i].name;
+        add("Refresh/" + name, input, refresh, input, int(i));
+        add("SqliteSelect/" + name, input, sqliteSelect, input, segments[i]);
+        add("Keystroke/" + name, input, keystroke, input, int(i));
+    }
+    add("FirstKeystroke/Quote", input, firstKeystroke, input, quoteSegment);
+    add("Import", input, importOnce, input);
+    add("ImportAgain", input, importAgain, input);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    const QCoreApplication application(argc, argv);
+
+    const QCommandLineOption inputsOption(
+        QStringLiteral("inputs"),
+        QStringLiteral("Where the collections and stores are made, and stay. Without it, in the "
+                       "folder for temporary files, which may be faster than a disk."),
+        QStringLiteral("folder"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Measures Lantern's controllers on parts of a collection. Options that start with "
+        "--benchmark are those of Google Benchmark."));
+    parser.addHelpOption();
+    parser.addOption(inputsOption);
+    parser.addPositionalArgument(QStringLiteral("collection"),
+                                 QStringLiteral("A file that tools/fortunes-to-collection wrote."));
+    parser.addPositionalArgument(QStringLiteral("count"),
+                                 QStringLiteral("Quotes per part (1000, 15000 and 100000)."),
+                                 QStringLiteral("[count]..."));
+    parser.process(application);
+    auto arguments = parser.positionalArguments();
+    if (arguments.isEmpty())
+        fail(QStringLiteral("no collection file; tools/fortunes-to-collection makes one"));
+    const QByteArray collection = contentOf(arguments.takeFirst());
+    if (arguments.isEmpty())
+        arguments = {QStringLiteral("1000"), QStringLiteral("15000"), QStringLiteral("100000")};
+
+    const QTemporaryDir temporaryFolder;
+    const QString folder =
+        parser.isSet(inputsOption) ? parser.value(inputsOption) : temporaryFolder.path();
+    if (!QDir().mkpath(folder))
+        fail(QStringLiteral("the folder \"%1\" cannot be made").arg(folder));
+    for (const QString& argument : std::as_const(arguments)) {
+        const qsizetype count = argument.toInt();
+        if (count <= 0)
+            fail(QStringLiteral("\"%1\" is no number of quotes").arg(argument));
+        addAll(makeInput(collection, folder, count));
+    }
+    benchmark::RunSpecifiedBenchmarks();
+}
