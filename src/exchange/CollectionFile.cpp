@@ -113,6 +113,7 @@ std::vector<QString> readTopicNames(const QString& document) {
 
 std::optional<Date> readDate(const QString& field, const Environment& environment) {
     const QString text = replaced(field, u" +0000", u"");
-    const auto date = parseDatePattern(text, QStringLiteral("yyyy.MM.dd HH:mm:ss"), environment);
-    return date ? date : parseDatePattern(text, QStringLiteral("yyyy-MM-dd HH:mm:ss"), environment);
+    // Hyphens first: they are what an export writes.
+    const auto date = parseDatePattern(text, QStringLiteral("yyyy-MM-dd HH:mm:ss"), environment);
+    return date ? date : parseDatePattern(text, QStringLiteral("yyyy.MM.dd HH:mm:ss"), environment);
 }
