@@ -22,14 +22,14 @@ QString decode(const QByteArray& bytes, QStringConverter::Encoding encoding) {
     return decoder.decode(bytes);
 }
 
-/** Text without a byte-order mark is UTF-16 when it has many zero bytes, all (but the odd one)
- * in the upper halves of its characters. */
+/** Text without a byte-order mark is UTF-16 when one byte in twenty or more is zero, all (but the
+ * odd one) in the upper halves of its characters. */
 std::optional<QStringConverter::Encoding> utf16Encoding(const QByteArray& bytes) {
     std::array<qsizetype, 2> zeros{};
     for (qsizetype i = 0; i < bytes.size(); ++i)
         zeros[size_t(i % 2)] += bytes[i] == '\0' ? 1 : 0;
     const auto [fewer, more] = std::minmax(zeros[0], zeros[1]);
-    if (more == 0 || more < bytes.size() / 100 || more < 8 * fewer)
+    if (more == 0 || more < bytes.size() / 20 || more < 8 * fewer)
         return std::nullopt;
     return zeros[0] > zeros[1] ? QStringConverter::Utf16BE : QStringConverter::Utf16LE;
 }

@@ -5,7 +5,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QLoggingCategory>
+
+#include <cmath>
 
 namespace {
 
@@ -28,6 +31,13 @@ QString madePrivate(const QString& path) {
 
 } // namespace
 
+QString decimalDescription(double number) {
+    const QString text = QString::number(number, 'g', QLocale::FloatingPointShortest);
+    const bool isWhole = std::isfinite(number) && !text.contains(QLatin1Char('.')) &&
+                         !text.contains(QLatin1Char('e'));
+    return isWhole ? text + QStringLiteral(".0") : text;
+}
+
 UserDefaults::UserDefaults(const QString& path)
     : m_settings(madePrivate(path), QSettings::IniFormat) {}
 
@@ -46,6 +56,23 @@ bool UserDefaults::boolForKey(const QString& key) const {
     if (value != trueText && value != falseText)
         fatalError(QStringLiteral("The setting %1 is not a boolean: %2").arg(key, value));
     return value == trueText;
+}
+
+double UserDefaults::doubleForKey(const QString& key) const {
+    const QString value = object(key).value_or(QString());
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(number))
+        fatalError(QStringLiteral("The setting %1 is not a number: %2").arg(key, value));
+    return number;
+}
+
+void UserDefaults::setInteger(const QString& key, int value) {
+    setText(key, QString::number(value));
+}
+
+void UserDefaults::setDouble(const QString& key, double value) {
+    setText(key, decimalDescription(value));
 }
 
 void UserDefaults::setBool(const QString& key, bool value) {

@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <map>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -14,6 +15,7 @@
 namespace {
 
 constexpr auto opened = "opened";
+constexpr auto openElsewhere = "another process has it open";
 
 StoreError failure(const QString& path, const QString& verb, const QString& reason,
                    const QString& detail) {
@@ -34,7 +36,10 @@ std::optional<StoreError> makeFile(const QString& folder, const QString& path) {
     std::filesystem::create_directories(folderName.toStdString(), code);
     if (code)
         return systemFailure(folder, code.value());
-    if (::chmod(folderName.constData(), S_IRWXU) != 0)
+    // What the owner may do is left to the owner: a folder that is not writable stays so.
+    struct stat status {};
+    if (::stat(folderName.constData(), &status) != 0 ||
+        ::chmod(folderName.constData(), status.st_mode & S_IRWXU) != 0)
         return systemFailure(folder, errno);
 
     const int file = ::open(QFile::encodeName(path).constData(),
@@ -60,22 +65,36 @@ std::optional<Statement> Statement::prepare(sqlite3* database, const QByteArray&
 }
 
 void Statement::bindText(int parameter, const std::optional<QByteArray>& text) {
-    if (text)
-        sqlite3_bind_text64(m_statement.get(), parameter + 1, text->constData(),
-                            sqlite3_uint64(text->size()), SQLITE_TRANSIENT, SQLITE_UTF8);
-    else
-        sqlite3_bind_null(m_statement.get(), parameter + 1);
+    noteBinding(text ? sqlite3_bind_text64(m_statement.get(), parameter + 1, text->constData(),
+                                           sqlite3_uint64(text->size()), SQLITE_TRANSIENT,
+                                           SQLITE_UTF8)
+                     : sqlite3_bind_null(m_statement.get(), parameter + 1));
 }
 
 void Statement::bindInteger(int parameter, std::optional<std::int64_t> value) {
-    if (value)
-        sqlite3_bind_int64(m_statement.get(), parameter + 1, *value);
-    else
-        sqlite3_bind_null(m_statement.get(), parameter + 1);
+    noteBinding(value ? sqlite3_bind_int64(m_statement.get(), parameter + 1, *value)
+                      : sqlite3_bind_null(m_statement.get(), parameter + 1));
+}
+
+void Statement::noteBinding(int code) {
+    if (m_bindError == SQLITE_OK)
+        m_bindError = code;
 }
 
 void Statement::reset() {
     sqlite3_reset(m_statement.get());
+    m_bindError = SQLITE_OK;
+}
+
+ProcessLock::~ProcessLock() {
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+int ProcessLock::take(const QString& path) {
+    m_descriptor = ::open(QFile::encodeName(path).constData(),
+                          O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    return m_descriptor >= 0 && ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
 }
 
 std::optional<QByteArrayView> Statement::text(int column) {
@@ -110,6 +129,9 @@ StoreConnection::open(const QString& folder, const QString& name) {
         return connection->unfit(QStringLiteral("it is no file"));
     if (::access(QFile::encodeName(path).constData(), R_OK | W_OK) != 0)
         return systemFailure(path, errno);
+    if (const int code = connection->m_lock.take(path + QStringLiteral("-lock")); code != 0)
+        return code == EWOULDBLOCK ? connection->unfit(QLatin1String(openElsewhere))
+                                   : systemFailure(path, code);
     if (const auto error = connection->openDatabase())
         return *error;
     shared = connection;
@@ -131,7 +153,7 @@ std::optional<StoreError> StoreConnection::openDatabase() {
     sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     execute("PRAGMA locking_mode = EXCLUSIVE");
     if (const int locked = execute("BEGIN EXCLUSIVE"); (locked & 0xff) == SQLITE_BUSY)
-        return unfit(QStringLiteral("another process has it open"));
+        return unfit(QLatin1String(openElsewhere));
     else if (locked != SQLITE_OK)
         return error(QLatin1String(opened));
     const auto version = number("PRAGMA user_version");

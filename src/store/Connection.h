@@ -23,11 +23,12 @@ public:
     /** Null when the text does not fit the database. */
     static std::optional<Statement> prepare(sqlite3* database, const QByteArray& sql);
 
+    /** A value that cannot be bound, such as a text over SQLite's limit, fails the next step. */
     void bindText(int parameter, const std::optional<QByteArray>& text);
     void bindInteger(int parameter, std::optional<std::int64_t> value);
 
     /** SQLITE_ROW, SQLITE_DONE or an error code. */
-    int step() { return sqlite3_step(m_statement.get()); }
+    int step() { return m_bindError != SQLITE_OK ? m_bindError : sqlite3_step(m_statement.get()); }
     /** Makes it ready for the next use. */
     void reset();
 
@@ -39,7 +40,10 @@ private:
     struct Finalize {
         void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
     };
+    void noteBinding(int code);
+
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+    int m_bindError = SQLITE_OK;
 };
 
 /** The statements of one entity, prepared once. Parameters and columns are the attributes in
@@ -50,6 +54,25 @@ struct EntityStatements {
     Statement insert;
     Statement update;
     Statement remove;
+};
+
+/**
+ * Keeps other processes away from a store by a lock on a file beside it. SQLite's own locks on the
+ * store's file go as soon as this process closes any other descriptor of that file, as it does when
+ * the user has it read for something else.
+ */
+class ProcessLock {
+public:
+    ProcessLock() = default;
+    ~ProcessLock();
+    ProcessLock(const ProcessLock&) = delete;
+    ProcessLock& operator=(const ProcessLock&) = delete;
+
+    /** 0, or an errno; EWOULDBLOCK when another process has the lock. */
+    int take(const QString& path);
+
+private:
+    int m_descriptor = -1;
 };
 
 /** The one connection of this process to a store's file, which it locks against all others. */
@@ -92,6 +115,7 @@ private:
     StoreError unfit(const QString& reason) const;
 
     QString m_path;
+    ProcessLock m_lock;                         // given up after the database is closed
     std::unique_ptr<sqlite3, Close> m_database; // closed after its statements
     std::array<EntityStatements, entityCount> m_statements;
     std::array<std::int64_t, entityCount> m_lastIds{};

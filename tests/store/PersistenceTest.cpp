@@ -65,7 +65,9 @@ TEST_F(PersistenceTest, KeepsEveryValueAcrossReopening) {
         insertTopic(context, QStringLiteral("Topic"));
         save(context);
     }
-    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList(QStringLiteral("Lantern.sqlite")));
+    EXPECT_EQ(
+        QDir(folder()).entryList(QDir::Files),
+        QStringList({QStringLiteral("Lantern.sqlite"), QStringLiteral("Lantern.sqlite-lock")}));
 
     const auto container = open();
     auto& context = container->viewContext();
@@ -195,6 +197,7 @@ TEST_F(PersistenceTest, IsLockedAgainstOtherProcesses) {
     char signal = 0;
     if (child == 0) {
         const auto container = open();
+        bytes(); // reading and closing the file by another way must not give the lock up
         ::close(done[1]);
         const bool told = ::write(ready[1], "x", 1) == 1;
         ::_exit(container && told && ::read(done[0], &signal, 1) == 0 ? 0 : 1);
@@ -207,6 +210,17 @@ TEST_F(PersistenceTest, IsLockedAgainstOtherProcesses) {
     EXPECT_EQ(status, 0);
     EXPECT_TRUE(error.description.contains(QStringLiteral("another process")));
     EXPECT_TRUE(openingError().description.isEmpty()) << "the lock ends with the process";
+}
+
+TEST_F(PersistenceTest, LeavesAFolderUnwritableThatIs) {
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    ASSERT_EQ(::chmod(QFile::encodeName(folder()).constData(), 0555), 0);
+    const bool isRoot = ::geteuid() == 0; // to whom no folder is unwritable
+    EXPECT_EQ(openingError().description.isEmpty(), isRoot);
+    struct stat status {};
+    ASSERT_EQ(::stat(QFile::encodeName(folder()).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0500U);
+    ASSERT_EQ(::chmod(QFile::encodeName(folder()).constData(), 0700), 0);
 }
 
 TEST_F(PersistenceTest, KeepsChangesPendingWhenTheyCannotBeWritten) {
