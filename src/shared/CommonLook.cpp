@@ -16,6 +16,14 @@ void styleFormField(View& field) {
     field.setBorderWidth(1);
 }
 
+void addDateToolbar(TextInput& field, std::function<void()> today, std::function<void()> done) {
+    auto* toolbar = new Toolbar(&field, {92.0 / 255, 216.0 / 255, 1, 1}, /*translucent*/ true);
+    toolbar->addItem(new BarButtonItem(toolbar, QStringLiteral("Today"), std::move(today)));
+    toolbar->addItem(BarButtonItem::makeFlexibleSpace(toolbar));
+    toolbar->addItem(new BarButtonItem(toolbar, QStringLiteral("Done"), std::move(done)));
+    field.setInputAccessoryView(toolbar);
+}
+
 void styleTitleSegments(SegmentedControl& segments) {
     segments.setTintColor({0.0, 0.15, 0.65});
 }

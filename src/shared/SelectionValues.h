@@ -13,6 +13,7 @@ struct SelectionValues {
     QString selectedSource = QLatin1String("");
     QString selectedAuthor = QLatin1String("");
     std::optional<Date> selectedDate;
+    QString selectedDateText = QLatin1String("");
     QString searchText = QLatin1String("");
     /** Which screen opened the next one, such as "Menu" or "Master". */
     QString callingScreen = QLatin1String("");

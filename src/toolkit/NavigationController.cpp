@@ -62,6 +62,9 @@ void NavigationController::pushViewController(std::unique_ptr<ViewController> co
 }
 
 void NavigationController::goBack() {
+    // What is presented belongs to the top screen, and ends before it.
+    if (root().presentedViewController())
+        return;
     if (m_stack.size() > 1)
         popToViewController(*m_stack.at(m_stack.size() - 2));
     else if (BarButtonItem* own = topViewController()->navigationItem()->backBarButtonItem())

@@ -7,6 +7,7 @@
 #include <QMetaObject>
 
 #include <algorithm>
+#include <ranges>
 
 namespace {
 
@@ -33,12 +34,12 @@ ViewController* nearestIn(const TabBarController& tabs, const QString& action) {
 ViewController* nearestIn(const NavigationController& navigation, const QString& action,
                           const ViewController* below) {
     QList<ViewController*> stack = navigation.viewControllers();
-    if (below)
-        stack.resize(stack.indexOf(below));
-    for (auto controller = stack.crbegin(); controller != stack.crend(); ++controller) {
-        if (hasUnwindAction(**controller, action))
-            return *controller;
-        if (const auto* tabs = qobject_cast<TabBarController*>(*controller)) {
+    if (below) // which is not in the stack any more while it leaves
+        stack.resize(std::max<qsizetype>(0, stack.indexOf(below)));
+    for (ViewController* controller : std::ranges::reverse_view(stack)) {
+        if (hasUnwindAction(*controller, action))
+            return controller;
+        if (const auto* tabs = qobject_cast<TabBarController*>(controller)) {
             if (ViewController* found = nearestIn(*tabs, action))
                 return found;
         }
@@ -74,14 +75,13 @@ void reveal(ViewController& destination) {
 
 } // namespace
 
-void Storyboard::add(Scene scene) {
-    const QString identifier = scene.identifier;
-    m_scenes.insert(identifier, std::move(scene));
+void Storyboard::add(const Scene& scene) {
+    m_scenes.insert_or_assign(scene.identifier, scene);
 }
 
 const Scene* Storyboard::scene(const QString& identifier) const {
-    const auto found = m_scenes.constFind(identifier);
-    return found == m_scenes.cend() ? nullptr : &*found;
+    const auto found = m_scenes.find(identifier);
+    return found == m_scenes.end() ? nullptr : &found->second;
 }
 
 std::unique_ptr<ViewController> Storyboard::instantiate(const QString& identifier) {

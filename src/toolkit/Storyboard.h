@@ -2,10 +2,10 @@
 
 #include "toolkit/ViewController.h"
 
-#include <QHash>
 #include <QList>
 
 #include <functional>
+#include <map>
 
 /** A segue as a scene declares it: forward to a scene, or back to the nearest screen below that
  * has an action. */
@@ -38,9 +38,8 @@ struct Scene {
 /** The scenes of the program, and the ways between them. Outlives the controllers it makes. */
 class Storyboard {
 public:
-    void add(Scene scene);
+    void add(const Scene& scene);
     const Scene* scene(const QString& identifier) const;
-    QStringList identifiers() const { return m_scenes.keys(); }
 
     /** A new, not yet loaded screen; an unknown identifier is a fatal error. */
     std::unique_ptr<ViewController> instantiate(const QString& identifier);
@@ -48,5 +47,5 @@ public:
     void perform(const QString& identifier, ViewController& source, QObject* sender);
 
 private:
-    QHash<QString, Scene> m_scenes;
+    std::map<QString, Scene> m_scenes; // controllers point to their scenes
 };

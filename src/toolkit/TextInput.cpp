@@ -20,8 +20,10 @@ void TextInput::setInputAccessoryView(Toolbar* toolbar) {
 void TextInput::beginEditing() {
     if (m_editing)
         return;
-    for (TextInput* other : parent()->findChildren<TextInput*>())
-        other->endEditing();
+    if (parent()) {
+        for (TextInput* other : parent()->findChildren<TextInput*>())
+            other->endEditing();
+    }
     m_editing = true;
     Q_EMIT editingDidBegin();
     Q_EMIT editingChanged();
@@ -37,6 +39,22 @@ void TextInput::endEditing() {
 TextView::TextView(QObject* parent, const QString& accessibilityLabel)
     : TextInput(parent, accessibilityLabel) {
     connect(this, &TextInput::textChanged, this, [this] { m_lines.setText(text()); });
+}
+
+void TextView::setText(const QString& text) {
+    m_attributedText.reset();
+    TextInput::setText(text);
+}
+
+void TextView::setAttributedText(const AttributedText& text) {
+    TextInput::setText(text.text);
+    m_attributedText = text;
+    setFont(text.font);
+}
+
+void TextView::setFont(const Font& font) {
+    m_font = font;
+    Q_EMIT fontChanged();
 }
 
 void TextView::setBottomInset(double inset) {

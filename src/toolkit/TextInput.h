@@ -1,8 +1,12 @@
 #pragma once
 
+#include "foundation/RegularExpression.h"
 #include "toolkit/TextLines.h"
 #include "toolkit/Toolbar.h"
 #include "toolkit/View.h"
+
+#include <optional>
+#include <vector>
 
 /**
  * Text that the user may edit. At most one of a screen's text inputs is being edited (the first
@@ -22,7 +26,7 @@ public:
     using View::View;
 
     QString text() const { return m_text; }
-    void setText(const QString& text);
+    virtual void setText(const QString& text);
     View* inputView() const { return m_inputView; }
     void setInputView(View* view);
     Toolbar* inputAccessoryView() const { return m_inputAccessoryView; }
@@ -55,6 +59,24 @@ public:
     using TextInput::TextInput;
 };
 
+/** A font by name and size in points; the system font has no name. */
+struct Font {
+    QString family;
+    double size = 0;
+
+    bool operator==(const Font&) const = default;
+};
+
+/** A text with one font for all of it, and parts with a background colour. */
+struct AttributedText {
+    QString text;
+    Font font;
+    bool centered = false;
+    Color foreground = black;
+    std::vector<TextRange> highlights;
+    Color highlightColor{1, 1, 0, 1};
+};
+
 /** How a text view breaks lines that are too long for it. */
 enum class LineBreakMode { WordWrapping, TruncatingTail };
 
@@ -63,12 +85,20 @@ class TextView : public TextInput {
     Q_OBJECT
     QML_NAMED_ELEMENT(ToolkitTextView)
     QML_UNCREATABLE("Controllers make their controls")
+    Q_PROPERTY(QString fontFamily READ fontFamily NOTIFY fontChanged)
+    Q_PROPERTY(double fontSize READ fontSize NOTIFY fontChanged)
     Q_PROPERTY(double bottomInset READ bottomInset NOTIFY bottomInsetChanged)
     Q_PROPERTY(TextLines* lines READ lines CONSTANT)
 
 public:
     explicit TextView(QObject* parent, const QString& accessibilityLabel = {});
 
+    /** Sets plain text, in the font that is there. */
+    void setText(const QString& text) override;
+    std::optional<AttributedText> attributedText() const { return m_attributedText; }
+    void setAttributedText(const AttributedText& text);
+    std::optional<Font> font() const { return m_font; }
+    void setFont(const Font& font);
     double bottomInset() const { return m_bottomInset; }
     void setBottomInset(double inset);
     /** Asks the view to bring the selected text into sight. */
@@ -79,10 +109,16 @@ public:
     TextLines* lines() { return &m_lines; }
 
 Q_SIGNALS:
+    void fontChanged();
     void bottomInsetChanged();
     void scrollToSelectionRequested();
 
 private:
+    QString fontFamily() const { return m_font ? m_font->family : QString(); }
+    double fontSize() const { return m_font ? m_font->size : 0; }
+
+    std::optional<AttributedText> m_attributedText;
+    std::optional<Font> m_font;
     double m_bottomInset = 0;
     LineBreakMode m_lineBreakMode = LineBreakMode::WordWrapping;
     TextLines m_lines;

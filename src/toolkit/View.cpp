@@ -1,5 +1,7 @@
 #include "View.h"
 
+#include <utility>
+
 namespace {
 double currentDuration = 0;
 }

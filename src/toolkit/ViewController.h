@@ -80,6 +80,8 @@ public:
     TabBarController* tabBarController() const;
 
     const Scene* scene() const { return m_scene; }
+    /** What made this screen; null for a screen that nothing made. */
+    Storyboard* storyboard() const { return m_storyboard; }
     /** Which screen this is, for telling whether two are of one kind. */
     QString restorationIdentifier() const;
     /** The name of the view that shows this screen. */
@@ -97,10 +99,11 @@ protected:
         child.setParent(container);
     }
 
+    /** The outermost controller that holds this one, or this one itself. */
+    ViewController& root();
+
 private:
     friend class Storyboard;
-
-    ViewController& root();
 
     NavigationItem m_navigationItem;
     ViewController* m_container = nullptr;

@@ -24,6 +24,9 @@ TEST(AppDelegate, SavesPendingChangesAtTheEnd) {
     EXPECT_TRUE(application.context().hasChanges());
     application.delegate.applicationWillTerminate();
     EXPECT_FALSE(application.context().hasChanges());
+    const auto other = makePersistentContainer(application.delegate.services);
+    ASSERT_FALSE(other->loadPersistentStores());
+    EXPECT_EQ(other->viewContext().fetch(Topics::fetchRequest()).records.size(), 1);
 }
 
 TEST(AppDelegate, EndsTheProgramWhenTheStoreCannotBeOpened) {

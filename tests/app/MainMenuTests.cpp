@@ -101,8 +101,10 @@ TEST(MainMenu, HidesTheNavigationBarForTheTabScreenAlone) {
 TEST(ReferenceLists, StylesItsButtons) {
     ReferenceListsViewController menu;
     menu.viewDidLoad();
-    EXPECT_EQ(menu.TopicsButton->cornerRadius(), 10);
-    EXPECT_EQ(menu.AuthorsButton->borderWidth(), 2);
+    for (const Button* button : {menu.AuthorsButton, menu.SourcesButton, menu.TopicsButton}) {
+        EXPECT_EQ(button->cornerRadius(), 10);
+        EXPECT_EQ(button->borderWidth(), 2);
+    }
 }
 
 } // namespace

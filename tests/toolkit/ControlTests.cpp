@@ -73,6 +73,8 @@ TEST(TextView, GivesItsTextALineARow) {
     EXPECT_EQ(lines(), QStringList());
     view.setText(QStringLiteral("one\r\n\ntwo"));
     EXPECT_EQ(lines(), QStringList({"one", "", "two"}));
+    view.setText(QStringLiteral("\rone\rtwo\n\rthree"));
+    EXPECT_EQ(lines(), QStringList({"", "one", "two", "", "three"}));
     view.setText(QString(2'000'000, QLatin1Char('x')) + QStringLiteral("\nend\n"));
     EXPECT_EQ(lines().size(), 2);
     EXPECT_LE(lines().at(0).size(), 1000);

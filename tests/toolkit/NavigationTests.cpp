@@ -190,8 +190,13 @@ TEST_F(Navigation, PresentsOneControllerAtATimeOverTheWindow) {
     auto* alert = presentedAlert(*navigation);
     ASSERT_TRUE(alert);
     EXPECT_EQ(alert->title(), "One");
+    follow("toA");
+    navigation->goBack(); // not from under an alert
+    EXPECT_EQ(titles(), QStringList({"Home", "A"}));
     alert->choose(0);
     EXPECT_EQ(pressed, 1);
+    navigation->goBack();
+    EXPECT_EQ(titles(), QStringList("Home"));
     EXPECT_EQ(navigation->presentedViewController(), nullptr);
 }
 
