@@ -4,6 +4,7 @@
 #include "foundation/Environment.h"
 #include "foundation/MainQueue.h"
 #include "foundation/UserDefaults.h"
+#include "platform/Platform.h"
 #include "shared/SelectionValues.h"
 #include "toolkit/Keyboard.h"
 
@@ -15,6 +16,7 @@ struct Services {
     UserDefaults& userDefaults;
     MainQueue& mainQueue;
     Keyboard& keyboard;
+    Platform& platform;
     ClassRuntime& classes;
     SelectionValues& selection;
     QString storeFolder;

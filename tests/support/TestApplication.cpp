@@ -12,8 +12,8 @@ TestApplication::TestApplication()
     : environment{[] { return Date(1'614'600'000'000ms); }, // 2021-03-01 12:00 UTC
                   QStringLiteral("en_US"), QStringLiteral("UTC"), SystemVersion{17, 0}}
     , userDefaults(folder.filePath(QStringLiteral("settings/Lantern.ini")))
-    , delegate(Services{environment, userDefaults, mainQueue, keyboard, classes, selection,
-                        folder.filePath(QStringLiteral("store"))}) {
+    , delegate(Services{environment, userDefaults, mainQueue, keyboard, platform, classes,
+                        selection, folder.filePath(QStringLiteral("store"))}) {
     setFatalErrorHandler([](const FatalError& error) { throw error; });
 }
 

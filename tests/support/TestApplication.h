@@ -2,6 +2,7 @@
 
 #include "app/AppDelegate.h"
 #include "foundation/FatalError.h"
+#include "platform/FakePlatform.h"
 #include "store/Records.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/ViewController.h"
@@ -51,6 +52,7 @@ public:
     UserDefaults userDefaults;
     ManualMainQueue mainQueue;
     Keyboard keyboard;
+    FakePlatform platform;
     ClassRuntime classes;
     SelectionValues selection;
     AppDelegate delegate;

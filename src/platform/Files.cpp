@@ -1,0 +1,54 @@
+#include "Files.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QUuid>
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByteArray& bytes) {
+    const auto failure = [&path](const QString& reason) {
+        return WriteFailure{QStringLiteral("\"%1\" cannot be written: %2.").arg(path, reason)};
+    };
+    // Not QSaveFile, which writes to where a link at the path leads.
+    QFile file(QFileInfo(path).path() + QStringLiteral("/.Lantern-") +
+               QUuid::createUuid().toString(QUuid::Id128));
+    if (!file.open(QFile::NewOnly | QFile::WriteOnly))
+        return failure(file.errorString());
+    if (file.write(bytes) != bytes.size() || !file.flush() || ::fsync(file.handle()) != 0) {
+        const QString reason =
+            file.error() == QFile::NoError ? qt_error_string(errno) : file.errorString();
+        file.remove();
+        return failure(reason);
+    }
+    file.close();
+    if (std::rename(QFile::encodeName(file.fileName()).constData(),
+                    QFile::encodeName(path).constData()) != 0) {
+        const QString reason = qt_error_string(errno);
+        file.remove();
+        return failure(reason);
+    }
+    return std::nullopt;
+}
+
+std::optional<QByteArray> readOwnFile(const QString& path) {
+    // Without O_NONBLOCK, opening a pipe would wait for its writer.
+    const int descriptor =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return std::nullopt;
+    QFile file;
+    file.open(descriptor, QFile::ReadOnly, QFile::AutoCloseHandle);
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
+        status.st_uid != ::geteuid())
+        return std::nullopt;
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFile::NoError)
+        return std::nullopt;
+    return bytes;
+}

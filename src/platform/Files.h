@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/** Why a file could not be written, in words for the user. */
+struct WriteFailure {
+    QString description;
+};
+
+/**
+ * Writes a file whole or not at all; an older file gives way to it. A link at its place is
+ * replaced, never followed. When this returns without failure, the bytes are on disk.
+ */
+std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByteArray& bytes);
+
+/** The bytes of a regular file that belongs to this user and is no link; nothing of any other. */
+std::optional<QByteArray> readOwnFile(const QString& path);

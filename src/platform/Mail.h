@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <QObject>
+#include <QVariantMap>
+
+#include <functional>
+
+/** A message as a mailto: address, without its attachments. */
+QUrl mailtoAddress(const MailMessage& message);
+
+/**
+ * Asks the desktop portal for a mail composer. Deletes itself when the portal has answered; when
+ * there is no portal, or it has no mail program, the fallback runs before.
+ */
+class PortalMail : public QObject {
+    Q_OBJECT
+
+public:
+    /** The attachments are given by the paths of their files. */
+    PortalMail(const MailMessage& message, const QStringList& attachments,
+               std::function<void()> fallback, QObject* parent);
+
+private:
+    Q_SLOT void answered(uint response, const QVariantMap& results);
+    void compose(const QVariantMap& options);
+    void fallBack();
+
+    std::function<void()> m_fallback;
+};

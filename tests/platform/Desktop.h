@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <iosfwd>
+#include <optional>
+
+/** How a failed expectation shows a text. */
+void PrintTo(const QString& text, std::ostream* stream);
+
+/**
+ * A desktop of the tests' own: a home, a message bus without services, and stand-ins for the
+ * programs that open addresses and mails, which record what they were given. Made before the
+ * QApplication, since libraries read the environment once.
+ */
+class Desktop {
+public:
+    Desktop();
+    ~Desktop();
+
+    static QString path(const char* name);
+    /** Makes one of the stand-ins the only programs there are. */
+    static void provideOnly(const char* program);
+    static void provideAll();
+    /** Forgets what the stand-ins have recorded. */
+    static void clearRecords();
+    /** The arguments that a stand-in was called with; waits for the call. */
+    static std::optional<QStringList> callOf(const char* program);
+    /** Whether a stand-in is called within some tenths of a second. */
+    static bool isCalled(const char* program);
+
+private:
+    QTemporaryDir m_home;
+    QProcess m_bus;
+};
+
+/** What a file holds; nothing when there is none. */
+std::optional<QByteArray> contents(const QString& path);
+void write(const QString& path, const QByteArray& bytes);
+
+/** Handles events until the condition holds; false when it does not within seconds. */
+bool waitFor(const std::function<bool()>& condition);

@@ -1,0 +1,64 @@
+#include "Desktop.h"
+#include "platform/Files.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace {
+
+class Files : public testing::Test {
+protected:
+    QString path(const char* name) const { return folder.filePath(QLatin1String(name)); }
+    QStringList names() const {
+        return QDir(folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(Files, WritingReplacesALinkAndLeavesItsTarget) {
+    write(path("target"), "untouched");
+    ASSERT_TRUE(QFile::link(path("target"), path("file")));
+    EXPECT_FALSE(writeFileAtomically(path("file"), "new"));
+    EXPECT_EQ(contents(path("file")), "new");
+    EXPECT_EQ(contents(path("target")), "untouched");
+    EXPECT_EQ(names(), QStringList({"file", "target"}));
+}
+
+TEST_F(Files, AFailedWriteLeavesTheOldFileAndNothingElse) {
+    write(path("file"), "old");
+    rlimit unlimited{};
+    ::getrlimit(RLIMIT_FSIZE, &unlimited);
+    const rlimit limited{1000, unlimited.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN); // fails as a full disk does, without signal
+    ::setrlimit(RLIMIT_FSIZE, &limited);
+    const auto failure = writeFileAtomically(path("file"), QByteArray(100'000, 'x'));
+    ::setrlimit(RLIMIT_FSIZE, &unlimited);
+    std::signal(SIGXFSZ, handler);
+    ASSERT_TRUE(failure);
+    EXPECT_TRUE(failure->description.contains(path("file")));
+    EXPECT_EQ(contents(path("file")), "old");
+    EXPECT_EQ(names(), QStringList("file"));
+
+    EXPECT_TRUE(writeFileAtomically(path("gone/file"), "new"));
+    QDir(folder.path()).mkdir(QStringLiteral("folder"));
+    EXPECT_TRUE(writeFileAtomically(path("folder"), "new"));
+    EXPECT_EQ(names(), QStringList({"file", "folder"}));
+}
+
+TEST_F(Files, OnlyRegularFilesOfOnesOwnAreRead) {
+    write(path("file"), QByteArray("a\0b", 3));
+    ASSERT_TRUE(QFile::link(path("file"), path("link")));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    EXPECT_EQ(readOwnFile(path("file")), QByteArray("a\0b", 3));
+    for (const char* other : {"link", "pipe", ".", "absent"})
+        EXPECT_FALSE(readOwnFile(path(other))) << other;
+}
+
+} // namespace
