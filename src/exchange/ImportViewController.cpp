@@ -6,7 +6,6 @@
 #include "toolkit/AlertController.h"
 #include "toolkit/DocumentPickerViewController.h"
 
-#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QSet>
 
@@ -62,7 +61,7 @@ void ImportViewController::LoadFile() {
 }
 
 void ImportViewController::didPickDocumentAtURL(const QUrl& url) {
-    filename = QFileInfo(url.path()).fileName();
+    filename = url.adjusted(QUrl::StripTrailingSlash).fileName();
     const auto read = readTextFile(url.toLocalFile());
     if (const auto* failure = std::get_if<ReadFailure>(&read)) {
         qCWarning(lcExchange) << failure->description;

@@ -64,12 +64,15 @@ void QuoteForm::styleFields() {
 
 void QuoteForm::fetchTopics() {
     TopicList = sortedNames(m_application.persistentContainer().viewContext(), Topics::Keys::topic);
+    TopicPickerView->reloadAllComponents();
 }
 
 void QuoteForm::fetchSourcesAndAuthors() {
     ManagedObjectContext& context = m_application.persistentContainer().viewContext();
     SourceList = sortedNames(context, Sources::Keys::name);
     AuthorList = sortedNames(context, Authors::Keys::name);
+    SourcePickerView->reloadAllComponents();
+    AuthorPickerView->reloadAllComponents();
 }
 
 void QuoteForm::DateEntered() {
@@ -79,16 +82,9 @@ void QuoteForm::DateEntered() {
     datePickerView->setStyle(
         datePickerStyle(services.userDefaults, services.environment.systemVersion));
     DateAddedTextField->setInputView(datePickerView);
-    if (!DateAddedTextField->inputAccessoryView()) {
-        auto* toolbar =
-            new Toolbar(DateAddedTextField, {92.0 / 255, 216.0 / 255, 1, 1}, /*translucent*/ true);
-        toolbar->addItem(
-            new BarButtonItem(toolbar, QStringLiteral("Today"), [this] { todayClick(); }));
-        toolbar->addItem(BarButtonItem::makeFlexibleSpace(toolbar));
-        toolbar->addItem(
-            new BarButtonItem(toolbar, QStringLiteral("Done"), [this] { doneClick(); }));
-        DateAddedTextField->setInputAccessoryView(toolbar);
-    }
+    if (!DateAddedTextField->inputAccessoryView())
+        addDateToolbar(
+            *DateAddedTextField, [this] { todayClick(); }, [this] { doneClick(); });
     showDate(datePickerView->date());
     QuoteDate = datePickerView->date();
 }

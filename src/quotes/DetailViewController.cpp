@@ -1,0 +1,253 @@
+#include "DetailViewController.h"
+
+#include "foundation/FatalError.h"
+#include "foundation/RegularExpression.h"
+#include "quotes/QuoteSharing.h"
+#include "shared/CommonLook.h"
+#include "toolkit/NavigationController.h"
+#include "toolkit/Storyboard.h"
+
+#include <QHash>
+#include <QLoggingCategory>
+
+Q_DECLARE_LOGGING_CATEGORY(lcQuotes)
+
+namespace {
+
+const auto sizeKey = QStringLiteral("ReaderFontSize");
+const auto readingFont = QStringLiteral("Helvetica Neue");
+
+} // namespace
+
+DetailViewController::DetailViewController(AppDelegate& application)
+    : form(*this, application)
+    , SourceTextField(form.SourceTextField)
+    , CategoryTextField(form.CategoryTextField)
+    , AuthorTextField(form.AuthorTextField)
+    , DateAddedTextField(form.DateAddedTextField)
+    , QuoteTextView(form.QuoteTextView)
+    , TopicButton(new Button(this, QStringLiteral("Topic list")))
+    , SourceButton(new Button(this, QStringLiteral("Source list")))
+    , AuthorButton(new Button(this, QStringLiteral("Author list")))
+    , DecreaseFontSize(new Button(this, QStringLiteral("Decrease font size")))
+    , IncreaseFontSize(new Button(this, QStringLiteral("Increase font size")))
+    , FullScreenButton(new Button(this, QStringLiteral("Full Screen")))
+    , FontStepper(new Stepper(this, QStringLiteral("Font size"), 8, 96, 1))
+    , FontSizeTextField(new TextField(this, QStringLiteral("Font size in points")))
+    , m_application(application) {
+    FontStepper->setValue(14);
+    connect(FontStepper, &Stepper::valueChanged, this,
+            &DetailViewController::IncreaseDecreaseFontSize);
+    connect(IncreaseFontSize, &Button::touchUpInside, this, &DetailViewController::increaseFont);
+    connect(DecreaseFontSize, &Button::touchUpInside, this, &DetailViewController::decreaseFont);
+}
+
+void DetailViewController::viewDidLoad() {
+    const SelectionValues& selection = m_application.services.selection;
+    m_openedBy = selection.callingScreen;
+    m_key = selectedKey();
+    m_shownQuoteText = selection.selectedQuoteText;
+    loadReaderFontSize();
+    QuoteTextView->setFont({QString(), ReaderFontSize});
+    form.wirePickers();
+    fetchNames();
+    for (Button* button : {TopicButton, SourceButton, AuthorButton}) {
+        button->setCornerRadius(5);
+        button->setBorderWidth(2);
+    }
+    TopicButton->setBorderColor(black);
+    form.styleFields();
+    FontStepper->setCornerRadius(10);
+    FontStepper->setBorderWidth(2);
+    styleFormField(*FontSizeTextField);
+    styleButton(*FullScreenButton);
+    if (!m_key.date)
+        fatalError(
+            QStringLiteral("The chosen quote has no date: \"%1\"").arg(m_shownQuoteText.left(200)));
+    DateAddedTextField->setText(
+        formatDate(*m_key.date, DateStyle::Medium, m_application.services.environment));
+    SourceTextField->setText(m_key.source);
+    CategoryTextField->setText(m_key.topic);
+    AuthorTextField->setText(m_key.author);
+    showHighlighted();
+}
+
+void DetailViewController::viewWillAppear() {
+    takeBackSelection();
+    m_shownQuoteText = m_application.services.selection.selectedQuoteText;
+    QuoteTextView->setText(m_shownQuoteText);
+    fetchNames();
+}
+
+void DetailViewController::unwindToQuoteDetailWithSegue(Segue* /*segue*/) {
+    fetchNames();
+}
+
+void DetailViewController::dismissKeyboard() {
+    endEditing();
+}
+
+void DetailViewController::IncreaseDecreaseFontSize() {
+    const double size = FontStepper->value();
+    if (ReaderFontSize < size)
+        changeFontBy(1);
+    else if (size < ReaderFontSize)
+        changeFontBy(-1);
+    // The shown size trails the stepper by one step.
+    QuoteTextView->setFont({QString(), ReaderFontSize});
+    storeReaderFontSize(size);
+    FontSizeTextField->setText(decimalDescription(size));
+}
+
+void DetailViewController::increaseFont() {
+    if (QuoteTextView->font())
+        changeFontBy(1);
+    else
+        QuoteTextView->setFont({QStringLiteral("Ariel"), 24});
+    storeReaderFontSize(ReaderFontSize + 1);
+    showAtReaderFontSize();
+}
+
+void DetailViewController::decreaseFont() {
+    changeFontBy(-1);
+    storeReaderFontSize(ReaderFontSize - 1);
+    showAtReaderFontSize();
+}
+
+void DetailViewController::SaveQuote() {
+    if (!form.validate())
+        return;
+    ManagedObjectContext& context = m_application.persistentContainer().viewContext();
+    auto request = Event::fetchRequest();
+    request.predicate = Event::Keys::timestamp == *m_key.date &&
+                        Event::Keys::source == m_key.source &&
+                        Event::Keys::category == m_key.topic && Event::Keys::author == m_key.author;
+    auto found = context.fetch(request);
+    if (found.error)
+        qCWarning(lcQuotes) << found.error->description;
+    Results = std::move(found.records);
+    ResultsCount = qsizetype(Results.size());
+    if (Results.empty())
+        fatalError(
+            QStringLiteral("The quote by \"%1\" is no longer in the store").arg(m_key.author));
+    form.write(*Results.front());
+    if (const auto error = context.save())
+        qCWarning(lcQuotes) << error->description;
+    returnToOpener();
+}
+
+void DetailViewController::insertNewObject() {
+    NavigationController* navigation = navigationController();
+    if (!storyboard() || !navigation)
+        return;
+    auto screen = storyboard()->instantiate(QStringLiteral("AddQuote"));
+    qCInfo(lcQuotes) << screen->title();
+    if (navigation->topViewController()->restorationIdentifier() != screen->restorationIdentifier())
+        navigation->pushViewController(std::move(screen));
+}
+
+void DetailViewController::ShareButtonTapped() {
+    shareText(*this, m_application,
+              QStringLiteral("Source: ") + SourceTextField->text() + QStringLiteral("\nTopic: ") +
+                  CategoryTextField->text() + QStringLiteral("\nAuthor: ") +
+                  AuthorTextField->text() + QStringLiteral("\n\n") + QuoteTextView->text());
+}
+
+void DetailViewController::EmailFileClick() {
+    QString text;
+    const auto append = [&text](const QString& caption, const QString& value, const QString& end) {
+        if (!value.isEmpty())
+            text += caption + value + end;
+    };
+    append(QStringLiteral("Source: "), SourceTextField->text(), QStringLiteral("\n"));
+    append(QStringLiteral("Topic: "), CategoryTextField->text(), QStringLiteral("\n"));
+    append(QStringLiteral("Author: "), AuthorTextField->text(), QStringLiteral("\n\n"));
+    append(QStringLiteral("Quote: "), QuoteTextView->text(), QString());
+    text.replace(QLatin1Char('\n'), QStringLiteral("<br />"));
+    m_application.services.platform.print({text, 72, title()});
+}
+
+DetailViewController::RecordKey DetailViewController::selectedKey() const {
+    const SelectionValues& selection = m_application.services.selection;
+    return {selection.selectedSource, selection.selectedTopic, selection.selectedAuthor,
+            selection.selectedDate};
+}
+
+void DetailViewController::loadReaderFontSize() {
+    UserDefaults& userDefaults = m_application.services.userDefaults;
+    if (!userDefaults.object(sizeKey)) {
+        ReaderFontSize = 14;
+        FontSizeTextField->setText(QStringLiteral("14"));
+        userDefaults.setInteger(sizeKey, 14);
+        userDefaults.synchronize();
+        return;
+    }
+    ReaderFontSize = userDefaults.doubleForKey(sizeKey);
+    FontStepper->setValue(ReaderFontSize);
+    FontSizeTextField->setText(decimalDescription(ReaderFontSize));
+}
+
+void DetailViewController::storeReaderFontSize(double size) {
+    ReaderFontSize = size;
+    m_application.services.userDefaults.setDouble(sizeKey, size);
+    m_application.services.userDefaults.synchronize();
+}
+
+AttributedText DetailViewController::atReaderFontSize(const QString& quote) const {
+    AttributedText text;
+    text.text = quote;
+    text.font = {readingFont, ReaderFontSize};
+    return text;
+}
+
+void DetailViewController::showHighlighted() {
+    AttributedText text = atReaderFontSize(m_shownQuoteText);
+    if (!m_shownQuoteText.isEmpty()) {
+        // The expression is the quote itself, so that an ordinary quote is highlighted whole.
+        const auto matches = matchesIgnoringCase(m_shownQuoteText, m_shownQuoteText);
+        if (!matches)
+            fatalError(QStringLiteral("The quote is no valid search expression: \"%1\"")
+                           .arg(m_shownQuoteText.left(200)));
+        text.highlights = *matches;
+        text.centered = !matches->empty();
+    }
+    QuoteTextView->setAttributedText(text);
+    QuoteTextView->setFont({QString(), ReaderFontSize});
+}
+
+void DetailViewController::changeFontBy(double points) {
+    if (const auto font = QuoteTextView->font())
+        QuoteTextView->setFont({font->family, font->size + points});
+}
+
+void DetailViewController::showAtReaderFontSize() {
+    QuoteTextView->setAttributedText(
+        atReaderFontSize(m_application.services.selection.selectedQuoteText));
+}
+
+// The lists that this screen leads to choose other quotes; this one stays what it was.
+void DetailViewController::takeBackSelection() {
+    if (selectedKey() == m_key)
+        return;
+    SelectionValues& selection = m_application.services.selection;
+    selection.selectedSource = m_key.source;
+    selection.selectedTopic = m_key.topic;
+    selection.selectedAuthor = m_key.author;
+    selection.selectedDate = m_key.date;
+    selection.selectedQuoteText = m_shownQuoteText;
+}
+
+void DetailViewController::fetchNames() {
+    form.fetchTopics();
+    form.fetchSourcesAndAuthors();
+}
+
+void DetailViewController::returnToOpener() {
+    static const QHash<QString, QString> segues{
+        {QStringLiteral("Master"), QStringLiteral("unwindToMenu")},
+        {QStringLiteral("TopicBreakdown"), QStringLiteral("unwindToTopicTableView")},
+        {QStringLiteral("SourceBreakdown"), QStringLiteral("unwindToSourceTableView")},
+        {QStringLiteral("AuthorBreakdown"), QStringLiteral("unwindToAuthorTableView")}};
+    if (segues.contains(m_openedBy))
+        performSegue(segues.value(m_openedBy), this);
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "toolkit/TextInput.h"
+
+/** The text of the selected quote alone, to read and to edit. */
+class QuoteFullScreenViewController : public ViewController {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Storyboards make controllers")
+    Q_PROPERTY(TextView* QuoteTextView MEMBER QuoteTextView CONSTANT)
+
+public:
+    explicit QuoteFullScreenViewController(AppDelegate& application);
+
+    TextView* const QuoteTextView;
+
+    void viewDidLoad() override;
+    void viewWillDisappear() override;
+    Q_INVOKABLE void touchesBegan();
+    void ShareButtonTapped();
+
+private:
+    AppDelegate& m_application;
+};

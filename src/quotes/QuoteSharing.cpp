@@ -1,0 +1,20 @@
+#include "QuoteSharing.h"
+
+#include "toolkit/ActivityViewController.h"
+#include "toolkit/AlertController.h"
+
+#include <QPointer>
+
+void shareText(ViewController& screen, AppDelegate& application, const QString& text) {
+    Platform& platform = application.services.platform;
+    if (platform.canSendText()) {
+        screen.present(makeActivityViewController(
+            platform, {text}, {ActivityType::AirDrop, ActivityType::AddToReadingList}));
+        return;
+    }
+    application.services.mainQueue.async([screen = QPointer<ViewController>(&screen)] {
+        if (screen)
+            presentAlert(*screen, QStringLiteral("Can't Send Text Message"),
+                         QStringLiteral("Your device is not able to send text messages."));
+    });
+}
