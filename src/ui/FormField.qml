@@ -8,14 +8,18 @@ FocusScope {
 
     required property ToolkitTextField control
 
+    property alias readOnly: field.readOnly
+    property bool named: true
+
     implicitWidth: 120
-    implicitHeight: name.height + 4 + field.height
+    implicitHeight: (named ? name.height + 4 : 0) + field.height
     visible: !control.hidden
 
     PlainText {
         id: name
 
         width: parent.width
+        visible: root.named
         text: root.control.accessibilityLabel
         color: Theme.faintInk
         font.pixelSize: Theme.captionFont

@@ -56,8 +56,11 @@ FocusScope {
 
         T.ScrollBar.vertical: PageScrollBar {}
 
-        TapHandler {
-            onTapped: root.backgroundTapped()
+        // A tap handler would also see what is tapped in a sheet over the page.
+        MouseArea {
+            width: page.contentWidth
+            height: page.contentHeight
+            onClicked: root.backgroundTapped()
         }
 
         ColumnLayout {

@@ -2,18 +2,28 @@ import QtQuick
 import QtQuick.Templates as T
 import Lantern
 
-/** Many lines of text to enter or to read, below their name. */
+/** Many lines of text to enter or to read, below their name. A bare one is the text alone. */
 FocusScope {
     id: root
 
     required property ToolkitTextView control
 
     property alias readOnly: area.readOnly
+    property alias horizontalAlignment: area.horizontalAlignment
+    property string fontFamily
     property real fontSize: Theme.bodyFont
+    property bool bare: false
+    property real margin: 12
 
-    /** A text area gives back some characters as others. */
+    /** The text as a text area can hold it: it ends all its paragraphs alike. */
     function shown(text: string): string {
-        return text.replace(/\u00a0/g, " ").replace(/\r\n?|[\u2028\u2029\ufdd0\ufdd1]/g, "\n");
+        return text.replace(/\r\n?|[\u2029\ufdd0\ufdd1]/g, "\n");
+    }
+
+    // What has not been edited stays as it is, and so does the cursor's place.
+    function followControl(): void {
+        if (RawText.of(area.textDocument) !== shown(control.text))
+            area.text = control.text;
     }
 
     function reveal(position: int): void {
@@ -28,9 +38,15 @@ FocusScope {
     implicitWidth: 120
     implicitHeight: 160
     visible: !control.hidden
+    Component.onCompleted: followControl()
+    onControlChanged: followControl()
 
     Connections {
         target: root.control
+
+        function onTextChanged() {
+            root.followControl();
+        }
 
         function onScrollToSelectionRequested() {
             root.reveal(area.cursorPosition);
@@ -41,6 +57,8 @@ FocusScope {
         id: name
 
         width: parent.width
+        height: root.bare ? 0 : implicitHeight
+        visible: !root.bare
         text: root.control.accessibilityLabel
         color: Theme.faintInk
         font.pixelSize: Theme.captionFont
@@ -49,6 +67,7 @@ FocusScope {
 
     FieldFrame {
         anchors.fill: page
+        visible: !root.bare
         control: root.control
         focused: area.activeFocus
     }
@@ -57,7 +76,7 @@ FocusScope {
         id: page
 
         anchors.top: name.bottom
-        anchors.topMargin: 4
+        anchors.topMargin: root.bare ? 0 : 4
         anchors.bottom: parent.bottom
         width: parent.width
         boundsBehavior: Flickable.StopAtBounds
@@ -68,17 +87,17 @@ FocusScope {
         T.TextArea.flickable: T.TextArea {
             id: area
 
-            padding: 12
-            bottomPadding: 12 + root.control.bottomInset
+            padding: root.margin
+            bottomPadding: root.margin + root.control.bottomInset
             color: Theme.ink
-            font.pixelSize: root.fontSize
+            font.family: root.fontFamily !== "" ? root.fontFamily : name.font.family
+            font.pixelSize: Math.max(1, Math.min(root.fontSize, Theme.largestFont))
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
             selectByMouse: true
             selectionColor: Theme.accent
             selectedTextColor: Theme.accentInk
             focus: true
-            text: root.control.text
             objectName: root.control.accessibilityLabel
             Accessible.role: Accessible.EditableText
             Accessible.name: root.control.accessibilityLabel
@@ -86,8 +105,11 @@ FocusScope {
             KeyNavigation.priority: KeyNavigation.BeforeItem
             KeyNavigation.tab: nextItemInFocusChain(true)
             KeyNavigation.backtab: nextItemInFocusChain(false)
-            onTextChanged: if (text !== root.shown(root.control.text))
-                root.control.text = text
+            onTextChanged: {
+                const text = RawText.of(textDocument);
+                if (text !== root.shown(root.control.text))
+                    root.control.text = text;
+            }
             Keys.onEscapePressed: root.control.endEditing()
         }
     }

@@ -16,7 +16,7 @@ Item {
     readonly property real rightWidth: buttons.width + Theme.gap
     readonly property real sideWidth: Math.max(leftWidth, rightWidth)
     readonly property real titleViewWidth: titleViews.count > 0 ? titleViews.itemAt(0).implicitWidth : 0
-    readonly property bool stacked: titleViewWidth > width - 2 * sideWidth
+    readonly property bool stacked: segments !== null && titleViewWidth > width - 2 * sideWidth
 
     implicitHeight: Theme.barHeight + (stacked ? Theme.touchTarget + 4 : 0)
     height: controller.navigationBarHidden ? 0 : implicitHeight

@@ -12,7 +12,7 @@ Item {
     readonly property DocumentPickerViewController documentPicker: presented as DocumentPickerViewController
 
     onDocumentPickerChanged: {
-        if (documentPicker !== null)
+        if (documentPicker !== null && FileChooser.native)
             fileDialog.open();
         else
             fileDialog.close();
@@ -20,6 +20,14 @@ Item {
 
     AlertSheet {
         alert: root.presented as AlertController
+    }
+
+    ShareSheet {
+        activity: root.presented as ActivityViewController
+    }
+
+    FileSheet {
+        picker: FileChooser.native ? null : root.documentPicker
     }
 
     FileDialog {

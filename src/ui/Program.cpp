@@ -19,11 +19,11 @@ ProgramPaths ProgramPaths::ofThisUser() {
             folder(QStandardPaths::GenericConfigLocation) + QStringLiteral("/Lantern.ini")};
 }
 
-Program::Program(const ProgramPaths& paths, Environment environment)
+Program::Program(const ProgramPaths& paths, Environment environment, Platform& platform)
     : m_environment(std::move(environment))
     , m_userDefaults(paths.settingsFile)
-    , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, m_classes,
-                             m_selection, paths.storeFolder}) {
+    , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, platform,
+                             m_classes, m_selection, paths.storeFolder}) {
     addScenes(m_storyboard, m_application);
 }
 

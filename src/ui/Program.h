@@ -20,7 +20,7 @@ struct ProgramPaths {
 /** The running program: its services, its screens and its window. */
 class Program {
 public:
-    Program(const ProgramPaths& paths, Environment environment);
+    Program(const ProgramPaths& paths, Environment environment, Platform& platform);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;

@@ -4,7 +4,11 @@
 #include "app/ReferenceListsViewController.h"
 #include "exchange/ImportViewController.h"
 #include "quotes/AddViewController.h"
+#include "quotes/DetailViewController.h"
 #include "quotes/MasterViewController.h"
+#include "quotes/NewViewTableViewController.h"
+#include "quotes/QuoteFullScreenViewController.h"
+#include "settings/DefaultsViewController.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/TabBarController.h"
 #include "ui/PlainViewController.h"
@@ -69,6 +73,27 @@ void wireAddQuote(AddViewController& form) {
     connectTo(*form.TopicButton, form, QStringLiteral("TopicTableTableViewController"));
     connectTo(*form.SourcesButton, form, QStringLiteral("NewSourceTableViewController"));
     connectTo(*form.AuthorsButton, form, QStringLiteral("NewAuthorTableViewController"));
+}
+
+void wireDetail(DetailViewController& detail) {
+    NavigationItem* item = detail.navigationItem();
+    item->addRightBarButtonItem(QStringLiteral("Save"), [&detail] { detail.SaveQuote(); });
+    item->addRightBarButtonItem(QStringLiteral("Share"), [&detail] { detail.ShareButtonTapped(); });
+    item->addRightBarButtonItem(QStringLiteral("Print"), [&detail] { detail.EmailFileClick(); });
+    item->addRightBarButtonItem(QStringLiteral("Add"), [&detail] { detail.insertNewObject(); });
+    connectTo(*detail.TopicButton, detail, QStringLiteral("TopicTableViewController"));
+    connectTo(*detail.SourceButton, detail, QStringLiteral("SourceTableViewController"));
+    connectTo(*detail.AuthorButton, detail, QStringLiteral("AuthorTableViewController"));
+    connectTo(*detail.FullScreenButton, detail, QStringLiteral("QuoteFullScreenViewController"));
+}
+
+void wireFullScreen(QuoteFullScreenViewController& reader) {
+    reader.navigationItem()->addRightBarButtonItem(QStringLiteral("Share"),
+                                                   [&reader] { reader.ShareButtonTapped(); });
+}
+
+void wireQuotesByTopic(NewViewTableViewController& list) {
+    list.rowSegue = QStringLiteral("DetailViewController");
 }
 
 // The first screen of a tab leads out of the tabs, where it has nothing of its own to go back to.
@@ -147,6 +172,41 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
                     {unwindToMainMenu},
                     {}});
 
+    const auto unwind = [](const char* identifier, const char* action) {
+        return SegueDescription::unwind(QLatin1String(identifier), QLatin1String(action));
+    };
+    storyboard.add({QStringLiteral("DetailViewController"),
+                    QStringLiteral("Quote"),
+                    QStringLiteral("DetailView"),
+                    [&] { return std::make_unique<DetailViewController>(application); },
+                    {show(QStringLiteral("TopicTableViewController")),
+                     show(QStringLiteral("SourceTableViewController")),
+                     show(QStringLiteral("AuthorTableViewController")),
+                     show(QStringLiteral("QuoteFullScreenViewController")),
+                     unwind("unwindToMenu", "unwindToMenu"),
+                     unwind("unwindToTopicTableView", "unwindToTopicTableViewWithSegue"),
+                     unwind("unwindToSourceTableView", "unwindToSourceTableViewWithSegue"),
+                     unwind("unwindToAuthorTableView", "unwindToAuthorTableViewWithSegue")},
+                    wire(&wireDetail)});
+    storyboard.add({QStringLiteral("QuoteFullScreenViewController"),
+                    QStringLiteral("Full Screen"),
+                    QStringLiteral("QuoteFullScreenView"),
+                    [&] { return std::make_unique<QuoteFullScreenViewController>(application); },
+                    {},
+                    wire(&wireFullScreen)});
+    storyboard.add({QStringLiteral("NewViewTableViewController"),
+                    QStringLiteral("Quotes by Topic"),
+                    QStringLiteral("NewViewTableView"),
+                    [&] { return std::make_unique<NewViewTableViewController>(application); },
+                    {show(QStringLiteral("DetailViewController"))},
+                    wire(&wireQuotesByTopic)});
+    storyboard.add({QStringLiteral("DefaultsViewController"),
+                    QStringLiteral("Settings"),
+                    QStringLiteral("DefaultsView"),
+                    [&] { return std::make_unique<DefaultsViewController>(application); },
+                    {},
+                    {}});
+
     const auto plain = [&](const QString& identifier, const QString& title) {
         storyboard.add({identifier,
                         title,
@@ -155,8 +215,6 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
                         {unwindToMainMenu},
                         {}});
     };
-    plain(QStringLiteral("DetailViewController"), QStringLiteral("Quote"));
-    plain(QStringLiteral("NewViewTableViewController"), QStringLiteral("Quotes by Topic"));
     plain(QStringLiteral("AuthorTableViewController"), QStringLiteral("Authors"));
     plain(QStringLiteral("SourceTableViewController"), QStringLiteral("Sources"));
     plain(QStringLiteral("TopicTableViewController"), QStringLiteral("Topics"));
@@ -165,7 +223,6 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
     plain(QStringLiteral("TopicTableTableViewController"), QStringLiteral("Topics"));
     plain(QStringLiteral("ExportViewController"), QStringLiteral("Export"));
     plain(QStringLiteral("RateShareTableViewController"), QStringLiteral("Rate/Share"));
-    plain(QStringLiteral("DefaultsViewController"), QStringLiteral("Settings"));
 }
 
 std::unique_ptr<NavigationController> makeRootViewController(Storyboard& storyboard) {

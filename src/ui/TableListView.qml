@@ -14,15 +14,21 @@ FocusScope {
     property alias delegate: list.delegate
     property alias list: list
 
+    /** The row that stands aside from its actions; null when none does. */
+    property Item openRow: null
+
     function goTo(row: int): void {
         list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
         list.positionViewAtIndex(list.currentIndex, ListView.Contain);
     }
 
-    function openMenu(place: point): void {
-        const inList = list.mapFromItem(root, place);
-        const row = inList.y < 0 ? -1 : list.indexAt(list.width / 2, list.contentY + inList.y);
-        menu.titles = row < 0 ? [] : table.swipeActionTitles(row);
+    function shut(row: Item): void {
+        if (openRow === row)
+            openRow = null;
+    }
+
+    function openMenu(row: int, place: point): void {
+        menu.titles = table.swipeActionTitles(row);
         menu.row = row;
         if (menu.titles.length > 0)
             menu.popup(root, place.x, place.y);
@@ -31,20 +37,28 @@ FocusScope {
     function performAction(row: int, action: int): void {
         if (action >= table.swipeActionTitles(row).length)
             return;
+        openRow = null;
         list.fading = true;
         table.performSwipeAction(row, action);
         fadeEnd.restart();
     }
 
+    Keys.onEscapePressed: event => {
+        event.accepted = openRow !== null;
+        openRow = null;
+    }
+
+    Connections {
+        target: root.table
+
+        function onReloaded() {
+            root.openRow = null;
+        }
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.paper
-    }
-
-    // A row that had this handler would take the right button for a tap.
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: eventPoint => root.openMenu(eventPoint.position)
     }
 
     ActionMenu {
@@ -104,6 +118,7 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: root.table.header?.text ?? ""
 
+        onContentYChanged: root.openRow = null
         Keys.onUpPressed: root.goTo(currentIndex - 1)
         Keys.onDownPressed: root.goTo(currentIndex < 0 ? indexAt(width / 2, contentY + 1)
                                                        : currentIndex + 1)

@@ -5,8 +5,8 @@ import QtQuick.Templates as T
 import Lantern
 
 /** One row of a table, in the look of the cell that it borrows while it is on the screen. A swipe
- * to the left offers the row's actions, and so does a menu. */
-T.SwipeDelegate {
+ * to the left moves the row aside from its actions. */
+T.ItemDelegate {
     id: root
 
     required property int index
@@ -17,6 +17,12 @@ T.SwipeDelegate {
 
     readonly property bool current: ListView.isCurrentItem && owner.list.activeFocus
     readonly property real fixedHeight: owner.table.heightForRow(index)
+    readonly property bool open: owner.openRow === root
+    /** How far the row moves aside from its actions, in points. */
+    readonly property real reach: actions.length * actionWidth
+    readonly property real actionWidth: 88
+    /** Where the row stands: from 0 to the left by its reach. */
+    property real slide: drag.active ? drag.place : open ? -reach : 0
 
     function borrow(): void {
         giveBack();
@@ -34,14 +40,15 @@ T.SwipeDelegate {
     x: (owner.width - width) / 2
     width: Math.min(owner.width - 2 * Theme.margin, Theme.readableWidth)
     height: fixedHeight >= 0 ? fixedHeight : implicitContentHeight + topPadding + bottomPadding
-    leftPadding: Theme.margin
-    rightPadding: Theme.margin
+    leftPadding: Theme.margin + slide
+    rightPadding: Theme.margin - slide
     topPadding: Theme.gap
     bottomPadding: Theme.gap
+    leftInset: slide
+    rightInset: -slide
     topInset: 2
     bottomInset: 2
     focusPolicy: Qt.NoFocus
-    swipe.enabled: actions.length > 0
     objectName: text
     Accessible.role: Accessible.ListItem
     Accessible.name: text
@@ -49,17 +56,31 @@ T.SwipeDelegate {
 
     Component.onCompleted: borrow()
     Component.onDestruction: giveBack()
-    ListView.onPooled: giveBack()
+    ListView.onPooled: {
+        giveBack();
+        owner.shut(root);
+    }
     ListView.onReused: {
         opacity = 1;
-        swipe.close();
         borrow();
     }
-    onPressed: actions = owner.table.swipeActionTitles(index)
     onClicked: {
+        if (owner.openRow !== null) {
+            owner.openRow = null;
+            return;
+        }
         owner.list.currentIndex = index;
         owner.list.forceActiveFocus(Qt.MouseFocusReason);
         owner.table.selectRow(index);
+    }
+
+    Behavior on slide {
+        enabled: !drag.active && root.cell !== null
+
+        NumberAnimation {
+            duration: Theme.fadeDuration
+            easing.type: Easing.OutCubic
+        }
     }
 
     Connections {
@@ -68,6 +89,41 @@ T.SwipeDelegate {
         function onReloaded() {
             if (root.cell !== null)
                 root.borrow();
+        }
+    }
+
+    // The row would take the right button for a tap: with its drag handler it accepts every button.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.RightButton
+        onClicked: mouse => root.owner.openMenu(root.index,
+                                                root.mapToItem(root.owner, mouse.x, mouse.y))
+    }
+
+    DragHandler {
+        id: drag
+
+        property real start: 0
+        property real place: 0
+
+        // The list may not take a swipe that has begun for a flick.
+        grabPermissions: PointerHandler.CanTakeOverFromItems
+                         | PointerHandler.CanTakeOverFromHandlersOfDifferentType
+                         | PointerHandler.ApprovesCancellation
+        target: null
+        yAxis.enabled: false
+        onActiveTranslationChanged: if (active)
+            place = Math.max(-root.reach, Math.min(start + activeTranslation.x, 0))
+        onActiveChanged: {
+            if (active) {
+                root.actions = root.owner.table.swipeActionTitles(root.index);
+                start = root.open ? -root.reach : 0;
+                place = start;
+            } else if (place < -root.reach / 2) {
+                root.owner.openRow = root;
+            } else {
+                root.owner.shut(root);
+            }
         }
     }
 
@@ -92,38 +148,51 @@ T.SwipeDelegate {
         }
     }
 
-    swipe.right: Row {
+    Item {
+        anchors.right: parent.right
+        y: root.topInset
+        width: -root.slide
+        height: parent.height - root.topInset - root.bottomInset
+        visible: root.slide < 0
+        clip: true
+
         // The row goes before its actions do.
-        anchors.right: parent?.right
-        height: parent?.height ?? 0
+        Item {
+            anchors.right: parent.right
+            width: root.reach
+            height: parent.height
 
-        Repeater {
-            model: root.actions
+            Repeater {
+                model: root.actions
 
-            Rectangle {
-                id: action
+                T.AbstractButton {
+                    required property int index
+                    required property string modelData
 
-                required property int index
-                required property string modelData
+                    x: index * (root?.actionWidth ?? 0) + 4
+                    width: (root?.actionWidth ?? 4) - 4
+                    height: parent?.height ?? 0
+                    focusPolicy: Qt.NoFocus
+                    text: modelData
+                    objectName: text
+                    Accessible.role: Accessible.Button
+                    Accessible.name: text
+                    Accessible.onPressAction: clicked()
+                    onClicked: root.owner.performAction(root.index, index)
 
-                width: name.implicitWidth + 2 * Theme.margin
-                y: root?.topInset ?? 0
-                height: (parent?.height ?? 0) - 2 * y
-                radius: root?.cell?.cornerRadius ?? 0
-                visible: root?.swipe.position < 0
-                color: index === 0 ? Theme.danger : Theme.accent
-                objectName: modelData
-                T.SwipeDelegate.onClicked: {
-                    root.swipe.close();
-                    root.owner.performAction(root.index, index);
-                }
+                    contentItem: PlainText {
+                        text: parent?.text ?? ""
+                        color: Theme.accentInk
+                        elide: Text.ElideRight
+                        wrapMode: Text.NoWrap
+                        horizontalAlignment: Text.AlignHCenter
+                        verticalAlignment: Text.AlignVCenter
+                    }
 
-                PlainText {
-                    id: name
-
-                    anchors.centerIn: parent
-                    text: action.modelData
-                    color: Theme.accentInk
+                    background: Rectangle {
+                        radius: root.cell?.cornerRadius ?? 0
+                        color: parent?.index === 0 ? Theme.danger : Theme.accent
+                    }
                 }
             }
         }

@@ -21,6 +21,8 @@ QtObject {
     readonly property int secondaryFont: 15
     readonly property int captionFont: 13
     readonly property int titleFont: 22
+    readonly property int readingFont: 26
+    readonly property int largestFont: 400
 
     readonly property int gap: 8
     readonly property int margin: 16

@@ -85,7 +85,7 @@ FocusScope {
 
         TapHandler {
             onTapped: eventPoint => {
-                const row = list.indexAt(1, list.contentY + eventPoint.position.y);
+                const row = list.indexAt(1, eventPoint.position.y);
                 if (row >= 0)
                     root.turnTo(row);
             }

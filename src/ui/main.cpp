@@ -1,17 +1,24 @@
+#include "platform/DesktopPlatform.h"
+#include "ui/FileChooser.h"
 #include "ui/Program.h"
+#include "ui/QuitSignals.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QQuickStyle>
 
 int main(int argc, char** argv) {
-    QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("Lantern"));
+    FileChooser::preferPortal(argc, argv);
+    // The print dialog is a widget; all else is Qt Quick.
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Lantern"));
+    quitOnSignals();
     QQuickStyle::setStyle(QStringLiteral("Basic"));
 
-    Program program(ProgramPaths::ofThisUser(), Environment::ofThisDevice());
+    DesktopPlatform platform;
+    Program program(ProgramPaths::ofThisUser(), Environment::ofThisDevice(), platform);
     if (!program.launch())
         return EXIT_FAILURE;
-    const int status = QGuiApplication::exec();
+    const int status = QApplication::exec();
     program.application().applicationWillTerminate();
     return status;
 }

@@ -1,6 +1,7 @@
 #include "Pilot.h"
 #include "exchange/ImportViewController.h"
 #include "foundation/FatalError.h"
+#include "platform/FakePlatform.h"
 #include "quotes/AddViewController.h"
 #include "quotes/MasterViewController.h"
 #include "toolkit/AlertController.h"
@@ -9,6 +10,7 @@
 #include "toolkit/TabBarController.h"
 #include "ui/Program.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -52,7 +54,9 @@ protected:
         quote.setAuthor(author);
         quote.setCategory(category);
         quote.setSource(QStringLiteral("Source"));
+        quote.setTimestamp(Date(0ms));
         quote.setQuote(text);
+        quote.setTimestamp(Date(1'600'000'000'000ms));
         program.application().saveContext();
     }
 
@@ -82,10 +86,12 @@ protected:
     }
 
     QTemporaryDir home;
+    FakePlatform platform;
     Program program{{home.filePath(QStringLiteral("store")),
                      home.filePath(QStringLiteral("settings/Lantern.ini"))},
                     Environment{[] { return Date(1'614'600'000'000ms); }, // 2021-03-01 12:00 UTC
-                                QStringLiteral("en_US"), QStringLiteral("UTC")}};
+                                QStringLiteral("en_US"), QStringLiteral("UTC")},
+                    platform};
     std::optional<Pilot> pilot;
 };
 
@@ -166,6 +172,60 @@ TEST_F(Views, QuoteListDeletesBySwipe) {
     pilot->tap(QStringLiteral("delete"));
     EXPECT_EQ(quoteCount(), 1);
     EXPECT_EQ(rows(), QStringList("Topic: a"));
+}
+
+TEST_F(Views, QuoteListDeletesBySwipeInASearch) {
+    for (const char* text : {"first love", "second love", "third love", "hate"})
+        addQuote(QStringLiteral("Ann"), QLatin1String(text), QLatin1String(text));
+    open("Quote List");
+    pilot->tap(QStringLiteral("Quote"));
+    pilot->tap(QStringLiteral("Search quotes"));
+    pilot->type(QStringLiteral("love"));
+    ASSERT_EQ(rows().size(), 3);
+    pilot->drag(*pilot->findAll(QStringLiteral("Topic: second")).at(0), {-120, 0});
+    pilot->tap(QStringLiteral("delete"));
+    EXPECT_EQ(rows(), QStringList({"Topic: first love", "Topic: third love"}));
+    EXPECT_EQ(quoteCount(), 3);
+    EXPECT_EQ(pilot->find(QStringLiteral("Search quotes")).property("text"),
+              QStringLiteral("love"));
+}
+
+TEST_F(Views, QuoteListShowsTheActionsOfOneRowAtATime) {
+    for (int number = 0; number < 40; ++number)
+        addQuote(QStringLiteral("Ann"), QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')),
+                 {});
+    open("Quote List");
+    QQuickItem& list = pilot->find(QStringLiteral("Rows"));
+    const auto row = [&](int number) -> QQuickItem& {
+        return *pilot->findAll(QStringLiteral("Topic: %1").arg(number, 2, 10, QLatin1Char('0')))
+                    .at(0);
+    };
+    const auto actionRows = [&] {
+        QStringList names;
+        for (const QQuickItem* action : pilot->findAll(QStringLiteral("delete"))) {
+            while (!action->objectName().startsWith(QStringLiteral("Topic")))
+                action = action->parentItem();
+            names.append(action->objectName());
+        }
+        return names;
+    };
+    pilot->drag(row(1), {-20, 0});
+    pilot->drag(row(1), {120, 0});
+    EXPECT_EQ(actionRows(), QStringList());
+    pilot->drag(row(1), {-60, 5});
+    EXPECT_EQ(actionRows(), QStringList("Topic: 01"));
+    pilot->drag(row(2), {-200, 0});
+    EXPECT_EQ(actionRows(), QStringList("Topic: 02"));
+    pilot->tap(row(2));
+    EXPECT_EQ(actionRows(), QStringList());
+    EXPECT_NO_THROW(top<MasterViewController>());
+
+    pilot->drag(row(3), {-120, 0});
+    pilot->drag(row(6), {0, -150});
+    EXPECT_GT(list.property("contentY").toDouble(), 100);
+    EXPECT_EQ(actionRows(), QStringList());
+    pilot->tap(row(9));
+    EXPECT_EQ(top().title(), "Quote");
 }
 
 TEST_F(Views, QuoteListDeletesByMenu) {
@@ -249,6 +309,68 @@ TEST_F(Views, AddQuoteTakesTypedAndPickedValues) {
     ASSERT_EQ(quotes.size(), 1);
     EXPECT_EQ(quotes[0]->source(), QStringLiteral("Войнá"));
     EXPECT_EQ(quotes[0]->quote(), QStringLiteral("Text"));
+}
+
+TEST_F(Views, FileSheetLeadsToAFileByKeyboardAndByTaps) {
+    const QString folder = home.filePath(QStringLiteral("Papers"));
+    ASSERT_TRUE(QDir().mkpath(folder + QStringLiteral("/b # 100% é")));
+    for (const char* name : {"/A.csv", "/b # 100% é/Deep.txt"})
+        ASSERT_TRUE(QFile(folder + QString::fromUtf8(name)).open(QFile::WriteOnly));
+    open("Import");
+    QUrl picked;
+    int cancelled = 0;
+    const auto present = [&] {
+        auto chooser =
+            std::make_unique<DocumentPickerViewController>(QStringList("public.item"));
+        chooser->didPickDocumentAtURL = [&](const QUrl& url) { picked = url; };
+        chooser->wasCancelled = [&] { ++cancelled; };
+        top().present(std::move(chooser));
+        pilot->settle();
+    };
+    present();
+    auto* files = pilot->find(QStringLiteral("Files")).property("model").value<QObject*>();
+    files->setProperty("path", folder);
+    pilot->find(QStringLiteral("A.csv"));
+    pilot->press(Qt::Key_Return);
+    pilot->find(QStringLiteral("Deep.txt"));
+    pilot->press(Qt::Key_Backspace);
+    pilot->press(Qt::Key_Down);
+    pilot->press(Qt::Key_Return);
+    EXPECT_EQ(picked, QUrl::fromLocalFile(folder + QStringLiteral("/A.csv")));
+    EXPECT_FALSE(pilot->look(QStringLiteral("Files")));
+
+    present();
+    pilot->tap(QStringLiteral("b # 100% é"));
+    pilot->tap(QStringLiteral("Deep.txt"));
+    EXPECT_EQ(picked, QUrl::fromLocalFile(folder + QStringLiteral("/b # 100% é/Deep.txt")));
+
+    EXPECT_EQ(cancelled, 0);
+    present();
+    pilot->press(Qt::Key_Escape);
+    EXPECT_EQ(cancelled, 1);
+    present();
+    pilot->tap(QStringLiteral("Cancel"));
+    EXPECT_EQ(cancelled, 2);
+    EXPECT_EQ(top().title(), "Import Quote Records");
+}
+
+TEST_F(Views, TextAreaKeepsEveryCharacterBesideWhatIsTyped) {
+    const QString kept = QStringLiteral("\u00ab\u00a0Non\u202f!\u00a0\u00bb\tune\nligne\u2028"
+                                        "puis e\u0301 \U0001f468\u200d\U0001f469 \u00ad\ufffc");
+    auto& form = open<AddViewController>("Add New Quote");
+    form.QuoteTextView->setText(kept);
+    pilot->tap(QStringLiteral("Quote"));
+    pilot->press(Qt::Key_End, Qt::ControlModifier);
+    pilot->type(QStringLiteral("a\u00a0b"));
+    EXPECT_EQ(form.QuoteTextView->text(), kept + QStringLiteral("a\u00a0b"));
+
+    // The view cannot hold these; as long as nothing is typed, they stay.
+    const QString foreign = QStringLiteral("one\r\ntwo\u2029three\rfour");
+    form.QuoteTextView->setText(foreign);
+    pilot->press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(form.QuoteTextView->text(), foreign);
+    pilot->type(QStringLiteral("x"));
+    EXPECT_EQ(form.QuoteTextView->text(), QStringLiteral("xone\ntwo\nthree\nfour"));
 }
 
 TEST_F(Views, ImportAsksLoadsAndReports) {

@@ -64,7 +64,19 @@ void Pilot::tap(const QString& name) {
     tap(find(name));
 }
 
+void Pilot::scrollTo(const QQuickItem& item) const {
+    for (QQuickItem* page = item.parentItem(); page; page = page->parentItem()) {
+        const QVariant contentY = page->property("contentY");
+        if (!contentY.isValid() || page->objectName() == QStringLiteral("Rows"))
+            continue;
+        const double below = middle(item).y() + item.height() / 2 - m_window.height();
+        if (below > 0)
+            page->setProperty("contentY", contentY.toDouble() + below + 8);
+    }
+}
+
 void Pilot::tap(const QQuickItem& item, Qt::MouseButton button) {
+    scrollTo(item);
     QTest::mouseClick(&m_window, button, {}, middle(item));
     settle();
 }

@@ -26,6 +26,8 @@ public:
 
     void tap(const QString& name);
     void tap(const QQuickItem& item, Qt::MouseButton button = Qt::LeftButton);
+    /** Scrolls the page that holds an item until the window shows it. */
+    void scrollTo(const QQuickItem& item) const;
     /** Drags over an item from its middle, by so many points. */
     void drag(const QQuickItem& item, QPoint by);
     /** Drags from a place in the window. */

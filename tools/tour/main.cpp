@@ -1,5 +1,6 @@
 #include "Pilot.h"
 #include "exchange/ImportViewController.h"
+#include "platform/FakePlatform.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/DocumentPickerViewController.h"
 #include "toolkit/NavigationController.h"
@@ -47,7 +48,7 @@ public:
     Walk(QSize size, const QString& collection, const QString& outputFolder)
         : m_program({m_home.filePath(QStringLiteral("store")),
                      m_home.filePath(QStringLiteral("settings/Lantern.ini"))},
-                    environment())
+                    environment(), m_platform)
         , m_pilot(launched(m_program))
         , m_collection(collection)
         , m_output(
@@ -62,6 +63,8 @@ public:
         import();
         quoteList();
         addQuote();
+        readQuote();
+        settings();
         otherScreens();
     }
 
@@ -141,9 +144,6 @@ private:
         shoot("quotes-swipe");
         m_pilot.tap(QStringLiteral("delete"));
         shoot("quotes-deleted");
-        m_pilot.tap(*m_pilot.findAll(QStringLiteral("Topic: ")).at(1));
-        shoot("quote");
-        m_pilot.tap(QStringLiteral("Back"));
         m_pilot.tap(QStringLiteral("Back"));
     }
 
@@ -179,6 +179,46 @@ private:
         m_pilot.find(QStringLiteral("Menu"));
     }
 
+    void readQuote() {
+        open("Quote List");
+        m_pilot.tap(QStringLiteral("Author"));
+        m_pilot.tap(QStringLiteral("Search quotes"));
+        m_pilot.type(QStringLiteral("толстой"));
+        shoot("quotes-search-other-scripts");
+        m_pilot.tap(*m_pilot.findAll(QStringLiteral("Author: ")).constFirst());
+        shoot("quote");
+        for (int taps = 0; taps < 8; ++taps)
+            m_pilot.tap(QStringLiteral("Font size +"));
+        shoot("quote-large");
+        m_pilot.tap(QStringLiteral("Full Screen"));
+        shoot("full-screen");
+        m_pilot.tap(QStringLiteral("Share"));
+        shoot("share-sheet");
+        m_pilot.tap(QStringLiteral("Cancel"));
+        m_pilot.tap(QStringLiteral("Back"));
+        m_pilot.tap(QStringLiteral("Author"));
+        shoot("quote-author-picker");
+        m_pilot.tap(QStringLiteral("Done"));
+        m_pilot.tap(QStringLiteral("Save"));
+        m_pilot.tap(QStringLiteral("Back"));
+        open("Quotes by Topic");
+        shoot("quotes-by-topic-list");
+        m_pilot.tap(QStringLiteral("Back"));
+    }
+
+    void settings() {
+        open("Settings");
+        shoot("settings");
+        m_pilot.tap(QStringLiteral("Use default date"));
+        for (const char* style : {"Inline", "Compact", "Wheel"}) {
+            m_pilot.tap(QLatin1String(style));
+            m_pilot.tap(QStringLiteral("Date"));
+            shoot((QByteArray("settings-") + QByteArray(style).toLower()).constData());
+            m_pilot.tap(QStringLiteral("Done"));
+        }
+        m_pilot.tap(QStringLiteral("Back"));
+    }
+
     void otherScreens() {
         open("Reference Lists");
         shoot("reference-lists");
@@ -188,7 +228,7 @@ private:
         m_pilot.tap(QStringLiteral("Sources"));
         shoot("tabs-sources");
         m_pilot.tap(QStringLiteral("Back"));
-        for (const char* name : {"Quotes by Topic", "Topics", "Export", "Rate/Share", "Settings"}) {
+        for (const char* name : {"Topics", "Export", "Rate/Share"}) {
             open(name);
             shoot(QString::fromLatin1(name)
                       .toLower()
@@ -208,6 +248,7 @@ private:
     }
 
     QTemporaryDir m_home;
+    FakePlatform m_platform;
     Program m_program;
     Pilot m_pilot;
     QString m_collection;
@@ -225,6 +266,7 @@ int main(int argc, char** argv) {
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
+    qunsetenv("QT_QPA_PLATFORMTHEME");
     const QGuiApplication application(argc, argv);
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     qInstallMessageHandler(keepWarnings);

@@ -1,0 +1,53 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Lantern
+
+/** The activities for what is shared, in a sheet at the window's bottom. */
+BottomSheet {
+    id: root
+
+    required property ActivityViewController activity
+
+    property list<string> titles
+
+    onActivityChanged: {
+        if (activity === null) {
+            close();
+            return;
+        }
+        titles = activity.activityTitles;
+        open();
+    }
+    onClosed: activity?.cancel()
+
+    width: Math.min(parent?.width ?? 0, 480)
+    padding: Theme.margin
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+
+    contentItem: Column {
+        spacing: Theme.gap
+
+        Repeater {
+            model: root.titles
+
+            SheetButton {
+                required property int index
+                required property string modelData
+
+                width: parent?.width ?? 0
+                text: modelData
+                focus: index === 0
+                onClicked: root.activity?.choose(index)
+            }
+        }
+
+        SheetButton {
+            width: parent.width
+            text: qsTr("Cancel")
+            bold: true
+            focus: root.titles.length === 0
+            onClicked: root.close()
+        }
+    }
+}

@@ -1,0 +1,69 @@
+import QtQuick
+import Lantern
+
+/** Minus and plus in one frame. */
+FocusScope {
+    id: root
+
+    required property ToolkitStepper control
+
+    implicitWidth: 2 * Theme.touchTarget + 8
+    implicitHeight: Theme.touchTarget
+    visible: !control.hidden
+    activeFocusOnTab: true
+    objectName: control.accessibilityLabel
+    Accessible.role: Accessible.SpinBox
+    Accessible.name: control.accessibilityLabel
+    Accessible.onIncreaseAction: control.increment()
+    Accessible.onDecreaseAction: control.decrement()
+    Keys.onUpPressed: control.increment()
+    Keys.onDownPressed: control.decrement()
+    Keys.onRightPressed: control.increment()
+    Keys.onLeftPressed: control.decrement()
+
+    Rectangle {
+        anchors.fill: parent
+        radius: root.control.cornerRadius
+        color: Theme.surface
+        border.width: root.control.borderWidth
+        border.color: root.control.borderColor
+
+        Rectangle {
+            anchors.centerIn: parent
+            width: 1
+            height: parent.height - 2 * Theme.gap
+            color: Theme.line
+        }
+
+        FocusRing {
+            radius: parent.radius + 3
+            shown: root.activeFocus
+        }
+    }
+
+    Row {
+        anchors.fill: parent
+
+        StepButton {
+            width: root.width / 2
+            height: root.height
+            text: "\u2212"
+            name: root.control.accessibilityLabel + " \u2212"
+            tint: Theme.ink
+            enabled: root.control.value > root.control.minimum
+            focusPolicy: Qt.NoFocus
+            onClicked: root.control.decrement()
+        }
+
+        StepButton {
+            width: root.width / 2
+            height: root.height
+            text: "+"
+            name: root.control.accessibilityLabel + " +"
+            tint: Theme.ink
+            enabled: root.control.value < root.control.maximum
+            focusPolicy: Qt.NoFocus
+            onClicked: root.control.increment()
+        }
+    }
+}

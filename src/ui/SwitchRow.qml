@@ -1,0 +1,74 @@
+import QtQuick
+import QtQuick.Templates as T
+import Lantern
+
+/** A switch at the right end of the line that names it. */
+T.Switch {
+    id: root
+
+    required property ToolkitSwitch control
+
+    implicitWidth: 200
+    implicitHeight: Theme.touchTarget
+    visible: !control.hidden
+    checked: control.on
+    objectName: control.accessibilityLabel
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: control.accessibilityLabel
+    Accessible.checkable: true
+    Accessible.checked: control.on
+    onToggled: control.toggle()
+    Keys.onReturnPressed: control.toggle()
+    Keys.onEnterPressed: control.toggle()
+
+    Connections {
+        target: root.control
+
+        // A tap takes the place of the binding to the control.
+        function onOnChanged() {
+            root.checked = root.control.on;
+        }
+    }
+
+    contentItem: PlainText {
+        text: root.text
+        rightPadding: root.indicator.width + Theme.gap
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    indicator: Rectangle {
+        x: root.width - width
+        y: (root.height - height) / 2
+        width: 51
+        height: 31
+        radius: height / 2
+        color: root.checked ? Theme.accent : Theme.line
+
+        Behavior on color {
+            ColorAnimation {
+                duration: Theme.fadeDuration
+            }
+        }
+
+        Rectangle {
+            x: root.checked ? parent.width - width - 2 : 2
+            y: 2
+            width: 27
+            height: 27
+            radius: height / 2
+            color: Theme.surface
+
+            Behavior on x {
+                NumberAnimation {
+                    duration: Theme.fadeDuration
+                    easing.type: Easing.OutCubic
+                }
+            }
+        }
+
+        FocusRing {
+            radius: parent.radius + 3
+            shown: root.visualFocus
+        }
+    }
+}
