@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "exchange/ImportViewController.h"
+#include "platform/FakePlatform.h"
 #include "quotes/MasterViewController.h"
 
 #include <QCommandLineParser>
@@ -70,14 +71,15 @@ class Application {
 public:
     explicit Application(const QString& storeFolder)
         : userDefaults(storeFolder + QStringLiteral("/Lantern.ini"))
-        , delegate(Services{environment, userDefaults, mainQueue, keyboard, classes, selection,
-                            storeFolder}) {}
+        , delegate(Services{environment, userDefaults, mainQueue, keyboard, platform, classes,
+                            selection, storeFolder}) {}
 
     Environment environment{[] { return Date(1'614'600'000'000ms); }, QStringLiteral("en_US"),
                             QStringLiteral("UTC"), SystemVersion{17, 0}};
     UserDefaults userDefaults;
     EventLoopMainQueue mainQueue;
     Keyboard keyboard;
+    FakePlatform platform;
     ClassRuntime classes;
     SelectionValues selection;
     AppDelegate delegate;
