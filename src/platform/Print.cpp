@@ -26,6 +26,8 @@ void prepare(MarkupDocument& document, const QString& markup, QPaintDevice& devi
     // A word wider than the page continues on the next line.
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    // Letters rounded to whole dots would stand unevenly.
+    option.setUseDesignMetrics(true);
     document.setDefaultTextOption(option);
     document.documentLayout()->setPaintDevice(&device);
     document.setMarkup(markup);

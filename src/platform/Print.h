@@ -8,9 +8,9 @@
 
 class QPagedPaintDevice;
 
-/** Dots per inch that printing lays out in. A text document's coordinates end at 2^25 dots, which
- * is some fifteen thousand pages of this resolution. */
-constexpr int printResolution = 300;
+/** Dots per inch that printing lays out in; what is drawn is as fine as the device. A layout ends
+ * at about 2^24 dots, which is some twenty thousand pages at this resolution. */
+constexpr int printResolution = 72;
 
 /**
  * Draws a job's pages, or those of the device's page ranges, on its paper. The markup's text is
