@@ -31,8 +31,8 @@ bool hasPortal() {
 } // namespace
 
 void FileChooser::preferPortal(int& argc, char** argv) {
-    if (qEnvironmentVariableIsSet(themeVariable)
-        || !qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS"))
+    if (qEnvironmentVariableIsSet(themeVariable) ||
+        !qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS"))
         return;
     const QCoreApplication asking(argc, argv);
     const QPluginLoader theme(QStringLiteral("platformthemes/libq") + portalTheme);

@@ -109,7 +109,8 @@ FocusScope {
             id: face
 
             anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.min(parent.width - 2 * Theme.gap, 420)
+            // Seven days of 44 points fit the narrowest window.
+            width: Math.min(parent.width - 12, 420)
             height: childrenRect.height
             focus: true
 

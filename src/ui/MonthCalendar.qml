@@ -92,6 +92,8 @@ FocusScope {
             PlainText {
                 Layout.fillWidth: true
                 wrapMode: Text.NoWrap
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: Theme.captionFont
                 elide: Text.ElideRight
                 text: root.picker.monthNames[root.month - 1] + " " + root.year
                 font.bold: true

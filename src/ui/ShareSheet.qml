@@ -23,7 +23,7 @@ BottomSheet {
 
     width: Math.min(parent?.width ?? 0, 480)
     padding: Theme.margin
-    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+    height: contentItem.implicitHeight + topPadding + bottomPadding
 
     contentItem: Column {
         spacing: Theme.gap

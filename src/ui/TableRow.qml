@@ -14,6 +14,7 @@ T.ItemDelegate {
 
     property TableViewCell cell: null
     property list<string> actions
+    property bool swiped: false
 
     readonly property bool current: ListView.isCurrentItem && owner.list.activeFocus
     readonly property real fixedHeight: owner.table.heightForRow(index)
@@ -64,6 +65,7 @@ T.ItemDelegate {
         opacity = 1;
         borrow();
     }
+    onPressed: swiped = false
     onClicked: {
         if (owner.openRow !== null) {
             owner.openRow = null;
@@ -116,6 +118,7 @@ T.ItemDelegate {
             place = Math.max(-root.reach, Math.min(start + activeTranslation.x, 0))
         onActiveChanged: {
             if (active) {
+                root.swiped = true;
                 root.actions = root.owner.table.swipeActionTitles(root.index);
                 start = root.open ? -root.reach : 0;
                 place = start;
@@ -137,7 +140,8 @@ T.ItemDelegate {
             anchors.fill: parent
             radius: parent.radius
             color: Theme.pressed
-            visible: root.down || root.owner.table.selectedRow === root.index
+            // A press that becomes a swipe is never released.
+            visible: (root.down && !root.swiped) || root.owner.table.selectedRow === root.index
         }
 
         FocusRing {
