@@ -320,8 +320,7 @@ TEST_F(Views, FileSheetLeadsToAFileByKeyboardAndByTaps) {
     QUrl picked;
     int cancelled = 0;
     const auto present = [&] {
-        auto chooser =
-            std::make_unique<DocumentPickerViewController>(QStringList("public.item"));
+        auto chooser = std::make_unique<DocumentPickerViewController>(QStringList("public.item"));
         chooser->didPickDocumentAtURL = [&](const QUrl& url) { picked = url; };
         chooser->wasCancelled = [&] { ++cancelled; };
         top().present(std::move(chooser));
