@@ -3,7 +3,6 @@
 #include "foundation/FatalError.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/Storyboard.h"
-#include "toolkit/TabBarController.h"
 #include "toolkit/TextInput.h"
 
 #include <QLoggingCategory>
@@ -68,14 +67,6 @@ NavigationController* ViewController::navigationController() const {
     for (ViewController* holder = m_container; holder; holder = holder->m_container) {
         if (auto* navigation = qobject_cast<NavigationController*>(holder))
             return navigation;
-    }
-    return nullptr;
-}
-
-TabBarController* ViewController::tabBarController() const {
-    for (ViewController* holder = m_container; holder; holder = holder->m_container) {
-        if (auto* tabs = qobject_cast<TabBarController*>(holder))
-            return tabs;
     }
     return nullptr;
 }

@@ -10,7 +10,6 @@
 
 class NavigationController;
 class Storyboard;
-class TabBarController;
 class ViewController;
 struct Scene;
 
@@ -56,7 +55,6 @@ public:
     virtual void prepareForSegue(Segue& segue, QObject* sender);
 
     void loadViewIfNeeded();
-    bool isViewLoaded() const { return m_viewLoaded; }
     /** Ends the editing of every text input of this screen. */
     Q_INVOKABLE void endEditing();
 
@@ -77,7 +75,6 @@ public:
     /** The navigation or tab bar controller that holds this one; null at the root. */
     ViewController* container() const { return m_container; }
     NavigationController* navigationController() const;
-    TabBarController* tabBarController() const;
 
     const Scene* scene() const { return m_scene; }
     /** What made this screen; null for a screen that nothing made. */

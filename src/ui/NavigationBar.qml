@@ -61,7 +61,9 @@ Item {
         x: centered ? root.sideWidth : root.leftWidth
         width: root.width - (centered ? 2 * root.sideWidth : root.leftWidth + root.rightWidth)
         height: Theme.barHeight
+        // A title of which no letter fits is better not begun.
         visible: root.navigationItem.titleView === null
+                 && (width >= implicitWidth || width >= Theme.touchTarget)
         text: root.navigationItem.title
         font.bold: true
         elide: Text.ElideRight
