@@ -71,6 +71,20 @@ const std::vector<Row>& NameColumn::rows(const QString& text) const {
     return m_names[m_numbers.value(wellFormed(text), absent)].rows;
 }
 
+QStringList NameColumn::distinct(const std::vector<Row>& rows) const {
+    std::vector<bool> isKnown(m_names.size());
+    isKnown[absent] = true;
+    QStringList texts;
+    for (const Row row : rows) {
+        const auto number = m_values[row];
+        if (isKnown[number])
+            continue;
+        isKnown[number] = true;
+        texts.append(m_names[number].text);
+    }
+    return texts;
+}
+
 RowTest NameColumn::equalTo(const std::variant<QString, Date>& value) const {
     const auto wanted = m_numbers.value(wellFormed(std::get<QString>(value)), absent);
     return [this, wanted](Row row) { return wanted != absent && m_values[row] == wanted; };

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <cstddef>
 #include <cstdint>
@@ -38,6 +39,8 @@ public:
 
     /** The rows that have this text, in row order. */
     const std::vector<Row>& rows(const QString& text) const;
+    /** The distinct texts of these rows, in the order in which they come. */
+    QStringList distinct(const std::vector<Row>& rows) const;
     RowTest equalTo(const std::variant<QString, Date>& value) const;
     /** Whether the folded text of a row contains a folded search text. */
     RowTest containing(const QString& searchText) const;

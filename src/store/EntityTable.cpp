@@ -108,6 +108,20 @@ std::vector<Row> EntityTable::rows(const std::vector<AttributeOrder>& order,
     return result;
 }
 
+std::size_t EntityTable::count(const std::vector<AttributeEquals>& tests) const {
+    // One name is counted by its index alone.
+    if (tests.size() == 1) {
+        const auto& test = tests.front();
+        if (const auto* names = std::get_if<NameColumn>(&m_columns[test.attribute]))
+            return names->rows(std::get<QString>(test.value)).size();
+    }
+    return rows({}, tests).size();
+}
+
+QStringList EntityTable::distinctNames(std::size_t attribute, const std::vector<Row>& rows) const {
+    return std::get<NameColumn>(m_columns[attribute]).distinct(rows);
+}
+
 Row EntityTable::insert() {
     needValues();
     const Row row = append(m_connection->takeId(m_entity));
@@ -249,6 +263,10 @@ int EntityTable::write(Row row) {
 
 bool ManagedObject::isDeleted() const {
     return m_table->isDeleted(m_row);
+}
+
+bool ManagedObject::hasChanges() const {
+    return m_table->hasChanges(m_row);
 }
 
 std::optional<QString> ManagedObject::text(std::size_t attribute) const {

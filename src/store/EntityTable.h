@@ -36,11 +36,16 @@ public:
     /** The rows that pass all tests, in order. */
     std::vector<Row> rows(const std::vector<AttributeOrder>& order,
                           const std::vector<AttributeEquals>& tests) const;
+    /** How many rows pass all tests. */
+    std::size_t count(const std::vector<AttributeEquals>& tests) const;
+    /** The distinct texts of a name attribute, in the order of the rows. */
+    QStringList distinctNames(std::size_t attribute, const std::vector<Row>& rows) const;
     std::size_t rowCount() const { return m_states.size(); }
 
     Row insert();
     void remove(Row row);
     bool isDeleted(Row row) const { return m_states[row].isDeleted; }
+    bool hasChanges(Row row) const { return m_states[row].needsWriting(); }
 
     std::optional<QString> text(Row row, std::size_t attribute);
     std::optional<Date> date(Row row, std::size_t attribute);

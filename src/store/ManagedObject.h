@@ -25,6 +25,8 @@ public:
 
     /** Whether the record was deleted, saved or not. */
     bool isDeleted() const;
+    /** Whether the record has changes that are not saved. */
+    bool hasChanges() const;
 
 protected:
     ~ManagedObject() = default;

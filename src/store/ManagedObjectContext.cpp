@@ -33,6 +33,15 @@ std::optional<StoreError> ManagedObjectContext::fetchRows(EntityTable& table,
     return std::nullopt;
 }
 
+std::size_t ManagedObjectContext::countRows(EntityTable& table,
+                                            const std::vector<AttributeEquals>& tests) {
+    if (const auto error = table.refresh(!tests.empty())) {
+        qCWarning(storeLog) << error->description;
+        return 0;
+    }
+    return table.count(tests);
+}
+
 std::uint32_t ManagedObjectContext::insertRow(EntityTable& table) {
     return table.insert();
 }
@@ -50,7 +59,19 @@ bool ManagedObjectContext::hasChanges() const {
                        [](const auto& table) { return table->hasChanges(); });
 }
 
+ManagedObjectContext::Observation
+ManagedObjectContext::observeChanges(std::function<void()> observer) {
+    auto observation = std::make_shared<const std::function<void()>>(std::move(observer));
+    m_observers.push_back(observation);
+    return observation;
+}
+
 std::optional<StoreError> ManagedObjectContext::save() {
+    std::erase_if(m_observers, [](const auto& observer) { return observer.expired(); });
+    for (const auto& observer : std::vector(m_observers)) {
+        if (const auto alive = observer.lock())
+            (*alive)();
+    }
     for (const auto& table : m_tables)
         table->noteSave();
     return m_openGroups > 0 ? std::nullopt : writeWhatWasSaved();

@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <tuple>
@@ -46,6 +47,12 @@ public:
         return result;
     }
 
+    /** How many records a fetch would give; 0 when there is an error, which is logged. */
+    template <class Record>
+    [[nodiscard]] std::size_t count(const FetchRequest<Record>& request) {
+        return countRows(tableOf<Record>(), request.predicate.value_or(Predicate<Record>{}).tests);
+    }
+
     /** A new record with all attributes absent; a fatal error when the store cannot be read. */
     template <class Record>
     Record* insert() {
@@ -58,6 +65,10 @@ public:
 
     /** Whether save() would write anything. */
     bool hasChanges() const;
+
+    /** Has `observer` called before a save takes its changes, for as long as the result lives. */
+    using Observation = std::shared_ptr<const std::function<void()>>;
+    [[nodiscard]] Observation observeChanges(std::function<void()> observer);
 
     /**
      * Writes all changes in one transaction; they are on disk when this returns, unless a
@@ -94,6 +105,7 @@ private:
                                                const std::vector<AttributeOrder>& order,
                                                const std::vector<AttributeEquals>& tests,
                                                bool withValues, std::vector<std::uint32_t>& rows);
+    static std::size_t countRows(EntityTable& table, const std::vector<AttributeEquals>& tests);
     static std::uint32_t insertRow(EntityTable& table);
     static std::size_t rowCount(const EntityTable& table);
     std::optional<StoreError> writeWhatWasSaved();
@@ -101,6 +113,7 @@ private:
     std::shared_ptr<StoreConnection> m_connection;
     std::array<std::unique_ptr<EntityTable>, 4> m_tables;
     AllObjects m_objects;
+    std::vector<std::weak_ptr<const std::function<void()>>> m_observers;
     int m_openGroups = 0;
 };
 

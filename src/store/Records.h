@@ -21,6 +21,8 @@ public:
 
     static FetchRequest<Event> fetchRequest() { return {}; }
 
+    /** The text of any of the text attributes. */
+    std::optional<QString> value(TextKey<Event> key) const { return text(key.attribute); }
     std::optional<QString> quote() const { return text(Keys::quote.attribute); }
     std::optional<QString> author() const { return text(Keys::author.attribute); }
     std::optional<QString> source() const { return text(Keys::source.attribute); }
