@@ -1,11 +1,11 @@
 #include "MainMenuViewController.h"
 
+#include "app/NameSeeding.h"
 #include "foundation/FatalError.h"
 #include "shared/CommonLook.h"
 #include "toolkit/NavigationController.h"
 
 #include <QLoggingCategory>
-#include <QSet>
 
 Q_LOGGING_CATEGORY(lcApp, "lantern.app")
 
@@ -28,40 +28,6 @@ void deleteAll(const Services& services) {
         if (const auto error = context.save())
             fatalError(error->unresolved());
     }
-}
-
-/** The distinct texts of one attribute, ascending; a quote without it is a fatal error. */
-QStringList distinctNames(ManagedObjectContext& context, TextKey<Event> key,
-                          std::optional<QString> (Event::*name)() const) {
-    auto request = Event::fetchRequest();
-    request.sortDescriptors = {{key, true}};
-    const auto result = context.fetch(request);
-    if (result.error)
-        qCWarning(lcApp) << result.error->description;
-    QStringList names;
-    QSet<QString> known;
-    for (const Event* quote : result.records) {
-        const auto text = (quote->*name)();
-        if (!text)
-            fatalError(QStringLiteral("A quote has no author or no source"));
-        if (!known.contains(*text)) {
-            known.insert(*text);
-            names.append(*text);
-        }
-    }
-    return names;
-}
-
-template <class Record>
-void insertNames(ManagedObjectContext& context, const QStringList& names) {
-    SaveGroup group(context);
-    for (const QString& name : names) {
-        context.insert<Record>()->setName(name);
-        if (const auto error = context.save())
-            qCWarning(lcApp) << error->description;
-    }
-    if (const auto error = group.finish())
-        qCWarning(lcApp) << error->description;
 }
 
 } // namespace
@@ -119,8 +85,8 @@ void MainMenuViewController::rebuildNamesAtFirstLaunch() {
     deleteAll<Sources>(m_application.services);
     deleteAll<Authors>(m_application.services);
     ManagedObjectContext& context = m_application.persistentContainer().viewContext();
-    SourcesList = distinctNames(context, Event::Keys::source, &Event::source);
-    AuthorsList = distinctNames(context, Event::Keys::author, &Event::author);
+    SourcesList = namesOfAllQuotes(context, Event::Keys::source);
+    AuthorsList = namesOfAllQuotes(context, Event::Keys::author);
     managedObjectContext = &context;
     insertNames<Sources>(context, SourcesList);
     insertNames<Authors>(context, AuthorsList);

@@ -2,5 +2,5 @@
 
 MasterTableViewCell::MasterTableViewCell(QObject* parent, const QString& reuseIdentifier)
     : TableViewCell(parent, reuseIdentifier)
-    , TextLabel(new Label(this))
-    , DetailTextLabel(new Label(this)) {}
+    , TextLabel(addLabel())
+    , DetailTextLabel(addLabel()) {}

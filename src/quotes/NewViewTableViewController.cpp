@@ -1,23 +1,13 @@
 #include "NewViewTableViewController.h"
 
 #include "foundation/FatalError.h"
+#include "quotes/ChosenQuote.h"
 #include "shared/CommonLook.h"
 #include "toolkit/SubtitleTableViewCell.h"
 
 #include <QLoggingCategory>
 
 Q_DECLARE_LOGGING_CATEGORY(lcQuotes)
-
-namespace {
-
-template <class Value>
-Value required(const std::optional<Value>& value, const char* what) {
-    if (!value)
-        fatalError(QStringLiteral("The chosen quote has no %1").arg(QLatin1String(what)));
-    return *value;
-}
-
-} // namespace
 
 NewViewTableViewController::NewViewTableViewController(AppDelegate& application)
     : m_application(application) {}
@@ -53,15 +43,9 @@ bool NewViewTableViewController::canEditRowAtIndexPath(int /*row*/) const {
 
 void NewViewTableViewController::didSelectRowAtIndexPath(int row) {
     const Event& quote = quoteAt(row);
-    SelectionValues& selection = m_application.services.selection;
-    // What comes before the first absent value stays chosen.
-    selection.selectedAuthor = required(quote.author(), "author");
-    selection.selectedTopic = required(quote.category(), "topic");
-    selection.selectedSource = required(quote.source(), "source");
-    selection.selectedDate = required(quote.timestamp(), "date");
-    selection.selectedDateText =
-        formatDate(*selection.selectedDate, DateStyle::Medium, m_application.services.environment);
-    selection.selectedQuoteText = required(quote.quote(), "text");
+    const Environment& environment = m_application.services.environment;
+    chooseQuote(quote, m_application.services.selection,
+                [&](Date date) { return formatDate(date, DateStyle::Medium, environment); });
 }
 
 const Event& NewViewTableViewController::quoteAt(int row) const {

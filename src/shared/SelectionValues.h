@@ -14,6 +14,9 @@ struct SelectionValues {
     QString selectedAuthor = QLatin1String("");
     std::optional<Date> selectedDate;
     QString selectedDateText = QLatin1String("");
+    QString chosenAuthorName = QLatin1String("");
+    QString chosenSourceName = QLatin1String("");
+    QString chosenTopicName = QLatin1String("");
     QString searchText = QLatin1String("");
     /** Which screen opened the next one, such as "Menu" or "Master". */
     QString callingScreen = QLatin1String("");

@@ -9,6 +9,11 @@ BarButtonItem* BarButtonItem::makeFlexibleSpace(QObject* parent) {
     return new BarButtonItem(parent, {}, nullptr);
 }
 
+void BarButtonItem::setImage(const QString& symbol) {
+    m_image = symbol;
+    Q_EMIT imageChanged();
+}
+
 void BarButtonItem::press() {
     if (m_action)
         m_action();

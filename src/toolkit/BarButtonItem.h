@@ -12,6 +12,7 @@ class BarButtonItem : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("Controllers make their bar buttons")
     Q_PROPERTY(QString title READ title CONSTANT)
+    Q_PROPERTY(QString image READ image NOTIFY imageChanged)
     Q_PROPERTY(bool flexibleSpace READ isFlexibleSpace CONSTANT)
 
 public:
@@ -20,11 +21,18 @@ public:
     static BarButtonItem* makeFlexibleSpace(QObject* parent);
 
     QString title() const { return m_title; }
+    /** The name of a system symbol that shows in the title's place; empty where the title shows. */
+    QString image() const { return m_image; }
+    void setImage(const QString& symbol);
     bool isFlexibleSpace() const { return !m_action; }
 
     Q_INVOKABLE void press();
 
+Q_SIGNALS:
+    void imageChanged();
+
 private:
     QString m_title;
+    QString m_image;
     std::function<void()> m_action;
 };

@@ -21,3 +21,4 @@ struct Color {
 inline constexpr Color black{0, 0, 0, 1};
 inline constexpr Color red{1, 0, 0, 1};
 inline constexpr Color grey{0.5, 0.5, 0.5, 1};
+inline constexpr Color lightGrey{2.0 / 3, 2.0 / 3, 2.0 / 3, 1};

@@ -13,9 +13,13 @@ void NavigationItem::setTitleView(View* view) {
 BarButtonItem* NavigationItem::addRightBarButtonItem(const QString& title,
                                                      std::function<void()> action) {
     auto* item = new BarButtonItem(this, title, std::move(action));
+    addRightBarButtonItem(item);
+    return item;
+}
+
+void NavigationItem::addRightBarButtonItem(BarButtonItem* item) {
     m_rightBarButtonItems.append(item);
     Q_EMIT changed();
-    return item;
 }
 
 void NavigationItem::setBackBarButtonItem(BarButtonItem* item) {

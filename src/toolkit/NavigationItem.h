@@ -26,6 +26,7 @@ public:
     /** In reading order. */
     QList<QObject*> rightBarButtonItems() const { return m_rightBarButtonItems; }
     BarButtonItem* addRightBarButtonItem(const QString& title, std::function<void()> action);
+    void addRightBarButtonItem(BarButtonItem* item);
     /** A way back that the first screen of a stack has of its own; null where it has none. */
     BarButtonItem* backBarButtonItem() const { return m_backBarButtonItem; }
     void setBackBarButtonItem(BarButtonItem* item);

@@ -16,6 +16,8 @@ struct SegueDescription {
     Kind kind = Kind::Show;
     QString target; ///< Show: a scene's identifier. Unwind: the action's name.
 
+    /** A segue that a control of its own starts is called after the scene that it leads to. */
+    static SegueDescription show(const QString& scene) { return {scene, Kind::Show, scene}; }
     static SegueDescription show(const QString& identifier, const QString& scene) {
         return {identifier, Kind::Show, scene};
     }

@@ -2,5 +2,5 @@
 
 SubtitleTableViewCell::SubtitleTableViewCell(QObject* parent, const QString& reuseIdentifier)
     : TableViewCell(parent, reuseIdentifier)
-    , textLabel(new Label(this))
-    , detailTextLabel(new Label(this)) {}
+    , textLabel(addLabel())
+    , detailTextLabel(addLabel()) {}

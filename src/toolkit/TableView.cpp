@@ -3,14 +3,57 @@
 #include "toolkit/TableViewController.h"
 
 #include <algorithm>
+#include <ranges>
+#include <utility>
 
 TableViewCell::TableViewCell(QObject* parent, const QString& reuseIdentifier)
     : View(parent)
     , m_reuseIdentifier(reuseIdentifier) {}
 
+Label* TableViewCell::addLabel() {
+    auto* label = new Label(this);
+    m_labels.append(label);
+    return label;
+}
+
+int TableViewDelegate::numberOfRowsInSection(int /*section*/) const {
+    return 0;
+}
+
+TableViewCell* TableViewDelegate::cellForRowAtIndexPath(int /*row*/) {
+    return nullptr;
+}
+
+double TableViewDelegate::heightForRowAtIndexPath(int /*row*/) const {
+    return -1;
+}
+
+QString TableViewDelegate::titleForHeaderInSection(int /*section*/) const {
+    return {};
+}
+
+Label* TableViewDelegate::viewForHeaderInSection(int /*section*/) {
+    return nullptr;
+}
+
+void TableViewDelegate::willDisplayHeaderView(Label& /*header*/, int /*section*/) const {}
+
+void TableViewDelegate::didSelectRowAtIndexPath(int /*row*/) {}
+
+bool TableViewDelegate::canEditRowAtIndexPath(int /*row*/) const {
+    return false;
+}
+
+std::vector<ContextualAction>
+TableViewDelegate::trailingSwipeActionsConfigurationForRowAtIndexPath(int /*row*/) {
+    return {};
+}
+
+void TableViewDelegate::commitEditingStyle(EditingStyle /*style*/, int /*row*/) {}
+
 TableView::TableView(TableViewController& controller)
     : m_controller(controller)
-    , m_header(this) {}
+    , m_header(std::make_unique<Label>(nullptr)) {}
 
 void TableView::setSearchController(SearchController* controller) {
     m_searchController = controller;
@@ -18,6 +61,10 @@ void TableView::setSearchController(SearchController* controller) {
 }
 
 void TableView::reloadData() {
+    if (m_openUpdates > 0) {
+        m_reloadsAfterUpdates = true;
+        return;
+    }
     // Growing or shrinking at the end, rather than a reset, keeps the place in the list.
     const int count = m_controller.numberOfRowsInSection(0);
     if (count > m_rowCount) {
@@ -34,12 +81,46 @@ void TableView::reloadData() {
     Q_EMIT reloaded();
 }
 
-void TableView::deleteRow(int row) {
-    beginRemoveRows({}, row, row);
-    --m_rowCount;
-    endRemoveRows();
+void TableView::beginUpdates() {
+    ++m_openUpdates;
+}
+
+void TableView::endUpdates() {
+    if (--m_openUpdates > 0)
+        return;
+    for (const int row : std::ranges::reverse_view(std::exchange(m_deletions, {}))) {
+        beginRemoveRows({}, row, row);
+        --m_rowCount;
+        endRemoveRows();
+    }
+    for (const int row : std::exchange(m_insertions, {})) {
+        beginInsertRows({}, row, row);
+        ++m_rowCount;
+        endInsertRows();
+    }
     deselectRow();
     updateHeader();
+    if (std::exchange(m_reloadsAfterUpdates, false))
+        reloadData();
+}
+
+void TableView::insertRow(int row) {
+    beginUpdates();
+    m_insertions.insert(row);
+    endUpdates();
+}
+
+void TableView::deleteRow(int row) {
+    beginUpdates();
+    m_deletions.insert(row);
+    endUpdates();
+}
+
+void TableView::moveRow(int from, int to) {
+    beginUpdates();
+    m_deletions.insert(from);
+    m_insertions.insert(to);
+    endUpdates();
 }
 
 TableViewCell* TableView::beginDisplaying(int row) {
@@ -105,6 +186,12 @@ TableViewCell* TableView::takeUnused(const QString& identifier) {
 }
 
 void TableView::updateHeader() {
-    m_header.setText(m_controller.titleForHeaderInSection(0));
-    m_controller.willDisplayHeaderView(m_header, 0);
+    if (Label* own = m_controller.viewForHeaderInSection(0)) {
+        // Until the view has seen the change it shows the label that goes.
+        const std::unique_ptr<Label> former = std::exchange(m_header, std::unique_ptr<Label>(own));
+        Q_EMIT headerChanged();
+        return;
+    }
+    m_header->setText(m_controller.titleForHeaderInSection(0));
+    m_controller.willDisplayHeaderView(*m_header, 0);
 }

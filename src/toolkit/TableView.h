@@ -7,6 +7,8 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
+#include <set>
 #include <vector>
 
 class TableViewController;
@@ -18,14 +20,21 @@ class TableViewCell : public View {
     QML_ELEMENT
     QML_UNCREATABLE("Tables make their cells")
     Q_PROPERTY(QString reuseIdentifier READ reuseIdentifier CONSTANT)
+    Q_PROPERTY(QList<QObject*> labels READ labels CONSTANT)
 
 public:
     TableViewCell(QObject* parent, const QString& reuseIdentifier);
 
     QString reuseIdentifier() const { return m_reuseIdentifier; }
+    /** What the row says, in reading order. */
+    QList<QObject*> labels() const { return m_labels; }
+
+protected:
+    Label* addLabel();
 
 private:
     QString m_reuseIdentifier;
+    QList<QObject*> m_labels;
 };
 
 /** What an edit of the table asks for at a row. */
@@ -36,6 +45,26 @@ struct ContextualAction {
     QString title;
     bool destructive = false;
     std::function<void()> handler;
+};
+
+/** What fills a table, and is told of what happens in it: a table has no rows of its own. */
+class TableViewDelegate {
+public:
+    virtual ~TableViewDelegate() = default;
+
+    virtual int numberOfSectionsInTableView() const { return 1; }
+    virtual int numberOfRowsInSection(int section) const;
+    virtual TableViewCell* cellForRowAtIndexPath(int row);
+    virtual double heightForRowAtIndexPath(int row) const; ///< points; negative: as its content
+    virtual QString titleForHeaderInSection(int section) const;
+    /** What stands in the place of the header's title; null where the title does. */
+    virtual Label* viewForHeaderInSection(int section);
+    virtual void willDisplayHeaderView(Label& header, int section) const;
+    virtual void didSelectRowAtIndexPath(int row);
+    virtual bool canEditRowAtIndexPath(int row) const;
+    virtual std::vector<ContextualAction>
+    trailingSwipeActionsConfigurationForRowAtIndexPath(int row);
+    virtual void commitEditingStyle(EditingStyle style, int row);
 };
 
 /**
@@ -49,7 +78,7 @@ class TableView : public QAbstractListModel {
     QML_UNCREATABLE("Table view controllers make their tables")
     Q_PROPERTY(
         SearchController* searchController READ searchController NOTIFY searchControllerChanged)
-    Q_PROPERTY(Label* header READ header CONSTANT)
+    Q_PROPERTY(Label* header READ header NOTIFY headerChanged)
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selectedRowChanged)
 
 public:
@@ -58,12 +87,18 @@ public:
     /** The search bar of this controller stands above the rows; null where there is none. */
     SearchController* searchController() const { return m_searchController; }
     void setSearchController(SearchController* controller);
-    Label* header() { return &m_header; }
+    Label* header() const { return m_header.get(); }
 
     /** Asks the controller for everything anew. The place in the list stays. */
     void reloadData();
-    /** Takes one row away with the fade animation, after the controller's list has lost it. */
+    /** Rows come and go with the fade animation, after the controller's list has them or has lost
+     * them. Between beginUpdates and endUpdates, deletions count rows as they were before all
+     * changes and insertions as they are after them. */
+    void beginUpdates();
+    void endUpdates();
+    void insertRow(int row);
     void deleteRow(int row);
+    void moveRow(int from, int to);
 
     /** An unused cell of this kind, or a new one. */
     template <class Cell>
@@ -91,6 +126,7 @@ public:
 
 Q_SIGNALS:
     void searchControllerChanged();
+    void headerChanged();
     void selectedRowChanged();
     /** Every row on the screen must give its cell back and ask again. */
     void reloaded();
@@ -101,8 +137,12 @@ private:
 
     TableViewController& m_controller;
     SearchController* m_searchController = nullptr;
-    Label m_header;
+    std::unique_ptr<Label> m_header;
     std::vector<TableViewCell*> m_unused;
     int m_rowCount = 0;
     int m_selectedRow = -1;
+    int m_openUpdates = 0;
+    std::set<int> m_deletions;
+    std::set<int> m_insertions;
+    bool m_reloadsAfterUpdates = false;
 };

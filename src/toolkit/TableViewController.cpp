@@ -8,25 +8,43 @@ void TableViewController::viewWillAppear() {
         m_tableView.deselectRow();
 }
 
-double TableViewController::heightForRowAtIndexPath(int /*row*/) const {
-    return -1;
+int TableViewController::numberOfRowsInSection(int section) const {
+    return m_delegate->numberOfRowsInSection(section);
 }
 
-QString TableViewController::titleForHeaderInSection(int /*section*/) const {
-    return {};
+TableViewCell* TableViewController::cellForRowAtIndexPath(int row) {
+    return m_delegate->cellForRowAtIndexPath(row);
 }
 
-void TableViewController::willDisplayHeaderView(Label& /*header*/, int /*section*/) const {}
+double TableViewController::heightForRowAtIndexPath(int row) const {
+    return m_delegate->heightForRowAtIndexPath(row);
+}
 
-void TableViewController::didSelectRowAtIndexPath(int /*row*/) {}
+QString TableViewController::titleForHeaderInSection(int section) const {
+    return m_delegate->titleForHeaderInSection(section);
+}
 
-bool TableViewController::canEditRowAtIndexPath(int /*row*/) const {
-    return false;
+Label* TableViewController::viewForHeaderInSection(int section) {
+    return m_delegate->viewForHeaderInSection(section);
+}
+
+void TableViewController::willDisplayHeaderView(Label& header, int section) const {
+    m_delegate->willDisplayHeaderView(header, section);
+}
+
+void TableViewController::didSelectRowAtIndexPath(int row) {
+    m_delegate->didSelectRowAtIndexPath(row);
+}
+
+bool TableViewController::canEditRowAtIndexPath(int row) const {
+    return m_delegate->canEditRowAtIndexPath(row);
 }
 
 std::vector<ContextualAction>
-TableViewController::trailingSwipeActionsConfigurationForRowAtIndexPath(int /*row*/) {
-    return {};
+TableViewController::trailingSwipeActionsConfigurationForRowAtIndexPath(int row) {
+    return m_delegate->trailingSwipeActionsConfigurationForRowAtIndexPath(row);
 }
 
-void TableViewController::commitEditingStyle(EditingStyle /*style*/, int /*row*/) {}
+void TableViewController::commitEditingStyle(EditingStyle style, int row) {
+    m_delegate->commitEditingStyle(style, row);
+}

@@ -5,8 +5,8 @@
 
 #include <vector>
 
-/** A screen that is one table; it is the table's data source and delegate. */
-class TableViewController : public ViewController {
+/** A screen that is one table, which it fills itself or has a delegate fill that it holds. */
+class TableViewController : public ViewController, public TableViewDelegate {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Storyboards make controllers")
@@ -24,18 +24,23 @@ public:
 
     void viewWillAppear() override;
 
-    virtual int numberOfSectionsInTableView() const { return 1; }
-    virtual int numberOfRowsInSection(int section) const = 0;
-    virtual TableViewCell* cellForRowAtIndexPath(int row) = 0;
-    virtual double heightForRowAtIndexPath(int row) const; ///< points; negative: as its content
-    virtual QString titleForHeaderInSection(int section) const;
-    virtual void willDisplayHeaderView(Label& header, int section) const;
-    virtual void didSelectRowAtIndexPath(int row);
-    virtual bool canEditRowAtIndexPath(int row) const;
-    virtual std::vector<ContextualAction>
-    trailingSwipeActionsConfigurationForRowAtIndexPath(int row);
-    virtual void commitEditingStyle(EditingStyle style, int row);
+    /** What answers for the table in the place of each method that the screen does not have. */
+    void setDelegate(TableViewDelegate& delegate) { m_delegate = &delegate; }
+
+    int numberOfRowsInSection(int section) const override;
+    TableViewCell* cellForRowAtIndexPath(int row) override;
+    double heightForRowAtIndexPath(int row) const override;
+    QString titleForHeaderInSection(int section) const override;
+    Label* viewForHeaderInSection(int section) override;
+    void willDisplayHeaderView(Label& header, int section) const override;
+    void didSelectRowAtIndexPath(int row) override;
+    bool canEditRowAtIndexPath(int row) const override;
+    std::vector<ContextualAction>
+    trailingSwipeActionsConfigurationForRowAtIndexPath(int row) override;
+    void commitEditingStyle(EditingStyle style, int row) override;
 
 private:
+    TableViewDelegate m_emptyTable;
+    TableViewDelegate* m_delegate = &m_emptyTable;
     TableView m_tableView;
 };

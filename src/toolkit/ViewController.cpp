@@ -71,6 +71,11 @@ NavigationController* ViewController::navigationController() const {
     return nullptr;
 }
 
+QList<QObject*> ViewController::controls() const {
+    const auto views = findChildren<View*>(Qt::FindDirectChildrenOnly);
+    return {views.begin(), views.end()};
+}
+
 QString ViewController::restorationIdentifier() const {
     return m_scene ? m_scene->identifier : QString();
 }

@@ -40,6 +40,7 @@ class ViewController : public QObject {
     QML_UNCREATABLE("Storyboards make controllers")
     Q_PROPERTY(QString viewName READ viewName CONSTANT)
     Q_PROPERTY(NavigationItem* navigationItem READ navigationItem CONSTANT)
+    Q_PROPERTY(QList<QObject*> controls READ controls CONSTANT)
     Q_PROPERTY(ViewController* presentedViewController READ presentedViewController NOTIFY
                    presentedViewControllerChanged)
 
@@ -53,6 +54,9 @@ public:
     virtual void viewDidDisappear() {}
     /** Called before every segue out of this screen, unwinding ones too. */
     virtual void prepareForSegue(Segue& segue, QObject* sender);
+
+    /** A touch of the screen beside all of its controls. */
+    Q_INVOKABLE virtual void touchesBegan() {}
 
     void loadViewIfNeeded();
     /** Ends the editing of every text input of this screen. */
@@ -79,6 +83,8 @@ public:
     const Scene* scene() const { return m_scene; }
     /** What made this screen; null for a screen that nothing made. */
     Storyboard* storyboard() const { return m_storyboard; }
+    /** The fields and buttons of this screen, in the order in which it made them. */
+    QList<QObject*> controls() const;
     /** Which screen this is, for telling whether two are of one kind. */
     QString restorationIdentifier() const;
     /** The name of the view that shows this screen. */

@@ -1,0 +1,11 @@
+#include "ChosenQuote.h"
+
+void chooseQuote(const Event& quote, SelectionValues& selection,
+                 const std::function<QString(Date)>& dateText) {
+    selection.selectedAuthor = required(quote.author(), "author");
+    selection.selectedTopic = required(quote.category(), "topic");
+    selection.selectedSource = required(quote.source(), "source");
+    selection.selectedDate = required(quote.timestamp(), "date");
+    selection.selectedDateText = dateText(*selection.selectedDate);
+    selection.selectedQuoteText = required(quote.quote(), "text");
+}
