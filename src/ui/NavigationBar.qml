@@ -105,6 +105,7 @@ Item {
                 readonly property BarButtonItem item: modelData as BarButtonItem
 
                 text: item.title
+                symbol: item.image
                 onClicked: item.press()
             }
         }

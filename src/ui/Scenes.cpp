@@ -11,13 +11,13 @@
 #include "settings/DefaultsViewController.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/TabBarController.h"
+#include "ui/NameScenes.h"
 #include "ui/PlainViewController.h"
 
 namespace {
 
-// A segue that a control of its own starts is called after the scene that it leads to.
 SegueDescription show(const QString& scene) {
-    return SegueDescription::show(scene, scene);
+    return SegueDescription::show(scene);
 }
 
 void connectTo(Button& button, ViewController& controller, const QString& segue) {
@@ -96,19 +96,12 @@ void wireQuotesByTopic(NewViewTableViewController& list) {
     list.rowSegue = QStringLiteral("DetailViewController");
 }
 
-// The first screen of a tab leads out of the tabs, where it has nothing of its own to go back to.
 std::unique_ptr<ViewController> makeTabs(Storyboard& storyboard) {
     std::vector<std::unique_ptr<NavigationController>> tabs;
     for (const auto& scene :
          {QStringLiteral("AuthorTableViewController"), QStringLiteral("SourceTableViewController"),
           QStringLiteral("TopicTableViewController")}) {
-        auto list = storyboard.instantiate(scene);
-        ViewController& first = *list;
-        first.navigationItem()->setBackBarButtonItem(
-            new BarButtonItem(&first, QStringLiteral("Back"), [&first] {
-                first.performSegue(QStringLiteral("unwindToMainMenu"), &first);
-            }));
-        tabs.push_back(std::make_unique<NavigationController>(std::move(list)));
+        tabs.push_back(std::make_unique<NavigationController>(storyboard.instantiate(scene)));
     }
     return std::make_unique<TabBarController>(std::move(tabs));
 }
@@ -137,7 +130,7 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
          wire(&wireMainMenu)});
     storyboard.add({QStringLiteral("ReferenceListsViewController"),
                     QStringLiteral("Reference Lists"),
-                    QStringLiteral("ReferenceListsView"),
+                    QStringLiteral("ControlsView"),
                     [] { return std::make_unique<ReferenceListsViewController>(); },
                     {show(QStringLiteral("AuthorTableViewController")),
                      show(QStringLiteral("SourceTableViewController")),
@@ -152,7 +145,7 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
     storyboard.add(
         {QStringLiteral("MasterViewController"),
          QString(),
-         QStringLiteral("MasterView"),
+         QStringLiteral("RowsView"),
          [&] { return std::make_unique<MasterViewController>(application); },
          {show(QStringLiteral("DetailViewController")), show(QStringLiteral("AddQuote"))},
          wire(&wireQuoteList)});
@@ -196,7 +189,7 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
                     wire(&wireFullScreen)});
     storyboard.add({QStringLiteral("NewViewTableViewController"),
                     QStringLiteral("Quotes by Topic"),
-                    QStringLiteral("NewViewTableView"),
+                    QStringLiteral("RowsView"),
                     [&] { return std::make_unique<NewViewTableViewController>(application); },
                     {show(QStringLiteral("DetailViewController"))},
                     wire(&wireQuotesByTopic)});
@@ -207,6 +200,8 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
                     {},
                     {}});
 
+    addNameScenes(storyboard, application);
+
     const auto plain = [&](const QString& identifier, const QString& title) {
         storyboard.add({identifier,
                         title,
@@ -215,12 +210,6 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
                         {unwindToMainMenu},
                         {}});
     };
-    plain(QStringLiteral("AuthorTableViewController"), QStringLiteral("Authors"));
-    plain(QStringLiteral("SourceTableViewController"), QStringLiteral("Sources"));
-    plain(QStringLiteral("TopicTableViewController"), QStringLiteral("Topics"));
-    plain(QStringLiteral("NewAuthorTableViewController"), QStringLiteral("Author Names"));
-    plain(QStringLiteral("NewSourceTableViewController"), QStringLiteral("Source Names"));
-    plain(QStringLiteral("TopicTableTableViewController"), QStringLiteral("Topics"));
     plain(QStringLiteral("ExportViewController"), QStringLiteral("Export"));
     plain(QStringLiteral("RateShareTableViewController"), QStringLiteral("Rate/Share"));
 }

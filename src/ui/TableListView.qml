@@ -87,9 +87,22 @@ FocusScope {
 
         LabelView {
             width: parent.width
+            topPadding: filled ? 4 : 0
+            bottomPadding: topPadding
             visible: text !== ""
             control: root.table.header
             objectName: text
+
+            readonly property bool filled: background.color.a > 0
+
+            Rectangle {
+                id: background
+
+                anchors.fill: parent
+                z: -1
+                radius: 4
+                color: root.table.header?.backgroundColor ?? "transparent"
+            }
         }
     }
 

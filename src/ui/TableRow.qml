@@ -25,6 +25,11 @@ T.ItemDelegate {
     /** Where the row stands: from 0 to the left by its reach. */
     property real slide: drag.active ? drag.place : open ? -reach : 0
 
+    function labelAt(index: int): ToolkitLabel {
+        const labels = cell?.labels ?? [];
+        return index < labels.length ? labels[index] as ToolkitLabel : null;
+    }
+
     function borrow(): void {
         giveBack();
         if (index >= 0 && index < owner.table.rowCount())
@@ -50,9 +55,10 @@ T.ItemDelegate {
     topInset: 2
     bottomInset: 2
     focusPolicy: Qt.NoFocus
+    text: labelAt(0)?.text ?? ""
     objectName: text
     Accessible.role: Accessible.ListItem
-    Accessible.name: text
+    Accessible.name: (cell?.labels ?? []).map(label => label.text).join(", ")
     Accessible.onPressAction: root.clicked()
 
     Component.onCompleted: borrow()

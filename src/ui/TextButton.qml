@@ -2,12 +2,13 @@ import QtQuick
 import QtQuick.Templates as T
 import Lantern
 
-/** A button that is only its words, as bars and sheets have them. */
+/** A button that is only its words, or a symbol in their place, as bars and sheets have them. */
 T.Button {
     id: root
 
     property color tint: Theme.accent
     property bool bold: false
+    property string symbol: ""
 
     implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Theme.touchTarget
@@ -21,8 +22,16 @@ T.Button {
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
+    Symbol {
+        anchors.centerIn: parent
+        visible: name !== ""
+        name: root.symbol
+        tint: root.tint
+        opacity: root.contentItem.opacity
+    }
+
     contentItem: PlainText {
-        text: root.text
+        text: root.symbol === "" ? root.text : ""
         color: root.tint
         font.pixelSize: root.font.pixelSize
         font.bold: root.bold

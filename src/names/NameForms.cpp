@@ -1,0 +1,101 @@
+#include "NameForms.h"
+
+AddAuthorViewController::AddAuthorViewController(AppDelegate& application)
+    : AuthorTextField(new TextField(this, QStringLiteral("Author")))
+    , m_application(application) {}
+
+void AddAuthorViewController::viewDidLoad() {
+    styleFormField(*AuthorTextField);
+}
+
+void AddAuthorViewController::SaveAuthor() {
+    addName<Authors>(*this, m_application, AuthorTextField->text());
+}
+
+AddSourceViewController::AddSourceViewController(AppDelegate& application)
+    : SourceTextField(new TextField(this, QStringLiteral("Source")))
+    , m_application(application) {}
+
+void AddSourceViewController::viewDidLoad() {
+    styleFormField(*SourceTextField);
+}
+
+void AddSourceViewController::SaveSource() {
+    addName<Sources>(*this, m_application, SourceTextField->text());
+}
+
+TopicViewController::TopicViewController(AppDelegate& application)
+    : TopicTextField(new TextField(this, QStringLiteral("Topic")))
+    , SaveButton(new Button(this, QStringLiteral("Save")))
+    , m_application(application) {
+    connect(SaveButton, &Button::touchUpInside, this, &TopicViewController::SaveTopic);
+}
+
+void TopicViewController::viewDidLoad() {
+    setTitle(QStringLiteral("Add Topic"));
+    TopicTextField->beginEditing();
+    styleFormField(*TopicTextField);
+    TopicTextField->setBorderColor(black);
+    styleButton(*SaveButton);
+}
+
+void TopicViewController::touchesBegan() {
+    dismissKeyboard();
+}
+
+void TopicViewController::dismissKeyboard() {
+    endEditing();
+}
+
+void TopicViewController::SaveTopic() {
+    addName<Topics>(*this, m_application, TopicTextField->text());
+}
+
+EditAuthorViewController::EditAuthorViewController(AppDelegate& application)
+    : AuthorTextField(new TextField(this, QStringLiteral("Author")))
+    , m_application(application) {}
+
+void EditAuthorViewController::viewDidLoad() {
+    edit = beginNameEdit<Authors>(*AuthorTextField, m_application);
+}
+
+void EditAuthorViewController::touchesBegan() {
+    endEditing();
+}
+
+void EditAuthorViewController::SaveAuthor() {
+    saveNameEdit(*this, m_application, edit, AuthorTextField->text());
+}
+
+EditSourceViewController::EditSourceViewController(AppDelegate& application)
+    : SourceTextField(new TextField(this, QStringLiteral("Source")))
+    , m_application(application) {}
+
+void EditSourceViewController::viewDidLoad() {
+    edit = beginNameEdit<Sources>(*SourceTextField, m_application);
+}
+
+void EditSourceViewController::touchesBegan() {
+    endEditing();
+}
+
+void EditSourceViewController::SaveSource() {
+    saveNameEdit(*this, m_application, edit, SourceTextField->text());
+}
+
+EditTopicViewController::EditTopicViewController(AppDelegate& application)
+    : TopicTextField(new TextField(this, QStringLiteral("Topic")))
+    , m_application(application) {}
+
+void EditTopicViewController::viewDidLoad() {
+    setTitle(QStringLiteral("Edit Topic"));
+    edit = beginNameEdit<Topics>(*TopicTextField, m_application);
+}
+
+void EditTopicViewController::touchesBegan() {
+    endEditing();
+}
+
+void EditTopicViewController::SaveButtonTapped() {
+    saveNameEdit(*this, m_application, edit, TopicTextField->text());
+}

@@ -1,0 +1,36 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Lantern
+
+/** Names, each with its count at the end of the row. */
+TableListView {
+    id: root
+
+    required property TableViewController controller
+
+    table: controller.tableView
+    delegate: TableRow {
+        id: row
+
+        owner: root
+
+        contentItem: RowLayout {
+            spacing: Theme.gap
+
+            LabelView {
+                Layout.fillWidth: true
+                control: row.labelAt(0)
+                elide: Text.ElideRight
+                maximumLineCount: 1
+                wrapMode: Text.NoWrap
+            }
+
+            LabelView {
+                control: row.labelAt(1)
+                color: Theme.faintInk
+            }
+        }
+    }
+}

@@ -1,0 +1,57 @@
+#include "RecordLists.h"
+
+NewAuthorTableViewController::NewAuthorTableViewController(AppDelegate& application)
+    : list(*this, application, QStringLiteral("NewAuthor"), QStringLiteral("# Authors: = ")) {}
+
+void NewAuthorTableViewController::viewDidLoad() {
+    list.viewDidLoad();
+}
+
+void NewAuthorTableViewController::viewWillAppear() {
+    TableViewController::viewWillAppear();
+    list.load();
+}
+
+TableViewCell* NewAuthorTableViewController::cellForRowAtIndexPath(int row) {
+    auto* cell = tableView()->dequeueReusableCell<NewAuthorTableViewCell>(QStringLiteral("Cell"));
+    list.show(row, *cell, *cell->NameLabel);
+    return cell;
+}
+
+void NewAuthorTableViewController::unwindToAuthorListWithSegue(Segue* /*segue*/) {
+    list.load();
+}
+
+NewSourceTableViewController::NewSourceTableViewController(AppDelegate& application)
+    : list(*this, application, QStringLiteral("NewSource"), QStringLiteral("# Sources = ")) {}
+
+void NewSourceTableViewController::viewDidLoad() {
+    list.viewDidLoad();
+}
+
+void NewSourceTableViewController::viewWillAppear() {
+    TableViewController::viewWillAppear();
+    list.load();
+}
+
+void NewSourceTableViewController::viewWillDisappear() {
+    SourceList.clear();
+}
+
+TableViewCell* NewSourceTableViewController::cellForRowAtIndexPath(int row) {
+    auto* cell = tableView()->dequeueReusableCell<NewSourceTableViewCell>(QStringLiteral("Cell"));
+    // While the screen slides away its rows are gone already.
+    if (SourceList.empty())
+        cell->NameLabel->setText({});
+    else
+        list.show(row, *cell, *cell->NameLabel);
+    return cell;
+}
+
+QString NewSourceTableViewController::titleForHeaderInSection(int /*section*/) const {
+    return QStringLiteral("# of Sources = %1").arg(SourceList.size());
+}
+
+void NewSourceTableViewController::unwindToSourceListWithSegue(Segue* /*segue*/) {
+    list.load();
+}
