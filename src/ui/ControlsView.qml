@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Layouts
 import Lantern
 
-/** A screen that is its fields and buttons, one below the other. */
+/** A screen that is its fields, one below the other, and its buttons below them. */
 FormPage {
     id: root
 
@@ -13,35 +13,27 @@ FormPage {
     onBackgroundTapped: controller.touchesBegan()
 
     Repeater {
-        model: root.controller.controls
+        model: root.controller.controls.filter(control => control instanceof ToolkitTextField)
 
-        Loader {
-            id: place
-
+        FormField {
             required property int index
             required property QtObject modelData
 
             Layout.fillWidth: true
+            control: modelData as ToolkitTextField
             focus: index === 0
-            sourceComponent: modelData instanceof ToolkitTextField ? field : button
+        }
+    }
 
-            Component {
-                id: field
+    Repeater {
+        model: root.controller.controls.filter(control => control instanceof ToolkitButton)
 
-                FormField {
-                    focus: true
-                    control: place.modelData as ToolkitTextField
-                }
-            }
+        PushButton {
+            required property int index
+            required property QtObject modelData
 
-            Component {
-                id: button
-
-                PushButton {
-                    focus: true
-                    control: place.modelData as ToolkitButton
-                }
-            }
+            Layout.fillWidth: true
+            control: modelData as ToolkitButton
         }
     }
 

@@ -5,18 +5,29 @@ import Lantern
 TableRow {
     id: root
 
-    contentItem: Column {
-        Repeater {
-            model: root.cell?.labels ?? []
+    contentItem: Item {
+        implicitHeight: lines.implicitHeight
 
-            LabelView {
-                required property QtObject modelData
+        Column {
+            id: lines
 
-                width: parent?.width ?? 0
-                control: modelData as ToolkitLabel
-                elide: Text.ElideRight
-                maximumLineCount: 1
-                wrapMode: Text.NoWrap
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width
+
+            Repeater {
+                model: root.cell?.labels ?? []
+
+                LabelView {
+                    required property int index
+                    required property QtObject modelData
+
+                    width: parent?.width ?? 0
+                    control: modelData as ToolkitLabel
+                    color: index === 0 ? Theme.ink : Theme.faintInk
+                    elide: Text.ElideRight
+                    maximumLineCount: 1
+                    wrapMode: Text.NoWrap
+                }
             }
         }
     }

@@ -45,7 +45,8 @@ T.ItemDelegate {
 
     x: (owner.width - width) / 2
     width: Math.min(owner.width - 2 * Theme.margin, Theme.readableWidth)
-    height: fixedHeight >= 0 ? fixedHeight : implicitContentHeight + topPadding + bottomPadding
+    height: fixedHeight >= 0 ? fixedHeight
+                             : Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
     leftPadding: Theme.margin + slide
     rightPadding: Theme.margin - slide
     topPadding: Theme.gap

@@ -65,6 +65,8 @@ public:
         addQuote();
         readQuote();
         settings();
+        browseLists();
+        nameRecords();
         otherScreens();
     }
 
@@ -219,16 +221,70 @@ private:
         m_pilot.tap(QStringLiteral("Back"));
     }
 
-    void otherScreens() {
+    void browseLists() {
         open("Reference Lists");
         shoot("reference-lists");
-        m_pilot.tap(QStringLiteral("Back"));
+        m_pilot.tap(QStringLiteral("Authors"));
+        shoot("authors");
+        m_pilot.tap(QStringLiteral("Sort"));
+        shoot("authors-descending");
+        m_pilot.tap(QStringLiteral("Search authors"));
+        m_pilot.type(QStringLiteral("mark twain"));
+        shoot("authors-search");
+        m_pilot.tap(QStringLiteral("Mark Twain"));
+        shoot("author-breakdown");
+        for (int screens = 0; screens < 3; ++screens)
+            m_pilot.tap(QStringLiteral("Back"));
         open("Quotes by Group");
-        shoot("tabs");
+        shoot("tabs-authors");
         m_pilot.tap(QStringLiteral("Sources"));
         shoot("tabs-sources");
+        m_pilot.tap(QStringLiteral("Search sources"));
+        m_pilot.type(QStringLiteral("hamlet"));
+        m_pilot.tap(*m_pilot.findAll(QStringLiteral("Hamlet")).constFirst());
+        shoot("source-breakdown");
         m_pilot.tap(QStringLiteral("Back"));
-        for (const char* name : {"Topics", "Export", "Rate/Share"}) {
+        m_pilot.tap(QStringLiteral("Topics"));
+        shoot("tabs-topics");
+        m_pilot.tap(QStringLiteral("art"));
+        shoot("topic-breakdown");
+        m_pilot.tap(QStringLiteral("Source"));
+        shoot("topic-breakdown-by-source");
+        m_pilot.tap(QStringLiteral("Back"));
+        m_pilot.tap(QStringLiteral("Back"));
+    }
+
+    void nameRecords() {
+        open("Reference Lists");
+        m_pilot.tap(QStringLiteral("Sources"));
+        m_pilot.tap(QStringLiteral("Names"));
+        shoot("source-names");
+        m_pilot.tap(QStringLiteral("Add"));
+        m_pilot.tap(QStringLiteral("Source"));
+        m_pilot.type(QStringLiteral("A Room of One's Own"));
+        shoot("add-source");
+        m_pilot.tap(QStringLiteral("Save"));
+        for (int screens = 0; screens < 3; ++screens)
+            m_pilot.tap(QStringLiteral("Back"));
+        open("Topics");
+        shoot("topic-names");
+        m_pilot.tap(QStringLiteral("Add"));
+        shoot("add-topic");
+        m_pilot.type(QStringLiteral("a first topic"));
+        m_pilot.press(Qt::Key_Escape);
+        m_pilot.tap(QStringLiteral("Save"));
+        m_pilot.tap(QStringLiteral("a first topic"));
+        shoot("edit-topic");
+        m_pilot.tap(QStringLiteral("Back"));
+        m_pilot.tap(m_pilot.find(QStringLiteral("a first topic")), Qt::RightButton);
+        shoot("topic-menu");
+        m_pilot.tap(QStringLiteral("Delete"));
+        shoot("topic-deleted");
+        m_pilot.tap(QStringLiteral("Back"));
+    }
+
+    void otherScreens() {
+        for (const char* name : {"Export", "Rate/Share"}) {
             open(name);
             shoot(QString::fromLatin1(name)
                       .toLower()
