@@ -38,7 +38,8 @@ void TextInput::endEditing() {
 
 TextView::TextView(QObject* parent, const QString& accessibilityLabel)
     : TextInput(parent, accessibilityLabel) {
-    connect(this, &TextInput::textChanged, this, [this] { m_lines.setText(text()); });
+    connect(this, &TextInput::textChanged, this,
+            [this] { m_lines.setText(text(), m_lineBreakMode); });
 }
 
 void TextView::setText(const QString& text) {
@@ -55,6 +56,12 @@ void TextView::setAttributedText(const AttributedText& text) {
 void TextView::setFont(const Font& font) {
     m_font = font;
     Q_EMIT fontChanged();
+}
+
+void TextView::setLineBreakMode(LineBreakMode mode) {
+    m_lineBreakMode = mode;
+    m_lines.setText(text(), mode);
+    Q_EMIT lookChanged();
 }
 
 void TextView::setBottomInset(double inset) {

@@ -77,9 +77,6 @@ struct AttributedText {
     Color highlightColor{1, 1, 0, 1};
 };
 
-/** How a text view breaks lines that are too long for it. */
-enum class LineBreakMode { WordWrapping, TruncatingTail };
-
 /** Many lines of text. A bottom inset (points) keeps them clear of the keyboard. */
 class TextView : public TextInput {
     Q_OBJECT
@@ -89,6 +86,7 @@ class TextView : public TextInput {
     Q_PROPERTY(double fontSize READ fontSize NOTIFY fontChanged)
     Q_PROPERTY(double bottomInset READ bottomInset NOTIFY bottomInsetChanged)
     Q_PROPERTY(TextLines* lines READ lines CONSTANT)
+    Q_PROPERTY(bool wrapsLines READ wrapsLines NOTIFY lookChanged)
 
 public:
     explicit TextView(QObject* parent, const QString& accessibilityLabel = {});
@@ -104,7 +102,7 @@ public:
     /** Asks the view to bring the selected text into sight. */
     void scrollSelectionToVisible() { Q_EMIT scrollToSelectionRequested(); }
     LineBreakMode lineBreakMode() const { return m_lineBreakMode; }
-    void setLineBreakMode(LineBreakMode mode) { m_lineBreakMode = mode; }
+    void setLineBreakMode(LineBreakMode mode);
     /** The text a line a row, for views that show a long text without laying out all of it. */
     TextLines* lines() { return &m_lines; }
 
@@ -114,6 +112,7 @@ Q_SIGNALS:
     void scrollToSelectionRequested();
 
 private:
+    bool wrapsLines() const { return m_lineBreakMode == LineBreakMode::WordWrapping; }
     QString fontFamily() const { return m_font ? m_font->family : QString(); }
     double fontSize() const { return m_font ? m_font->size : 0; }
 

@@ -10,17 +10,30 @@ bool isLineEnd(QChar character) {
     return character == QLatin1Char('\n') || character == QLatin1Char('\r');
 }
 
+/** Where the rest of a line that is too long for one row begins: after a blank, if there is any. */
+qsizetype continuationOf(QStringView line) {
+    const qsizetype blank = line.left(longestShownLine).lastIndexOf(u' ');
+    if (blank > 0)
+        return blank + 1;
+    return longestShownLine - (line.at(longestShownLine).isLowSurrogate() ? 1 : 0);
+}
+
 } // namespace
 
-void TextLines::setText(const QString& text) {
+void TextLines::setText(const QString& text, LineBreakMode mode) {
     beginResetModel();
     m_text = text;
     m_starts.clear();
+    const bool wraps = mode == LineBreakMode::WordWrapping;
     for (qsizetype start = 0; start < text.size();) {
         m_starts.append(start);
-        const auto end = std::find_if(text.begin() + start, text.end(), isLineEnd);
-        start =
-            end - text.begin() + (text.mid(end - text.begin(), 2) == QLatin1String("\r\n") ? 2 : 1);
+        const QStringView rest = QStringView(text).sliced(start);
+        const QStringView line = wraps ? rest.left(longestShownLine + 1) : rest;
+        const qsizetype length = std::find_if(line.begin(), line.end(), isLineEnd) - line.begin();
+        if (wraps && length > longestShownLine)
+            start += continuationOf(line);
+        else
+            start += length + (rest.sliced(length).startsWith(QLatin1String("\r\n")) ? 2 : 1);
     }
     endResetModel();
 }

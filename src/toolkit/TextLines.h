@@ -5,8 +5,11 @@
 #include <QString>
 #include <QtQmlIntegration/qqmlintegration.h>
 
-/** The lines of a text as rows; role "line" gives the beginning of a line, as much as any screen
- * can show of it. */
+/** How a text view breaks lines that are too long for it. */
+enum class LineBreakMode { WordWrapping, TruncatingTail };
+
+/** The lines of a text as rows, each no longer than a screen: a longer line is cut off in role
+ * "line", or where lines are to be wrapped takes more rows. */
 class TextLines : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -15,7 +18,7 @@ class TextLines : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    void setText(const QString& text);
+    void setText(const QString& text, LineBreakMode mode);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Lantern
 
-/** A text to read, however long: each of its lines is a row, cut off where it is too long. */
+/** A text to read, however long: each of its lines is a row, wrapped or cut off as its control asks. */
 FocusScope {
     id: root
 
@@ -43,13 +43,13 @@ FocusScope {
             required property string line
 
             width: list.width
-            height: 22
+            height: Math.max(22, implicitHeight)
             leftPadding: 6
             rightPadding: 16
             text: line
             font.pixelSize: Theme.secondaryFont
             elide: Text.ElideRight
-            wrapMode: Text.NoWrap
+            wrapMode: root.control.wrapsLines ? Text.Wrap : Text.NoWrap
         }
     }
 }
