@@ -15,7 +15,6 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QWindow>
 
 #include <gio/gio.h>
@@ -30,10 +29,6 @@ bool hasHandler(const char* scheme) {
         return false;
     g_object_unref(handler);
     return true;
-}
-
-QString documentsFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 }
 
 std::optional<WriteFailure> printOn(QPrinter& printer, const PrintJob& job) {

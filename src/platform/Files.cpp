@@ -1,7 +1,9 @@
 #include "Files.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QUuid>
 
 #include <cerrno>
@@ -33,6 +35,11 @@ std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByte
         return failure(reason);
     }
     return std::nullopt;
+}
+
+QString documentsFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
 std::optional<QByteArray> readOwnFile(const QString& path) {

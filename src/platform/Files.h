@@ -16,5 +16,8 @@ struct WriteFailure {
  */
 std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByteArray& bytes);
 
+/** The user's documents folder; the home folder while there is none. */
+QString documentsFolder();
+
 /** The bytes of a regular file that belongs to this user and is no link; nothing of any other. */
 std::optional<QByteArray> readOwnFile(const QString& path);

@@ -1,11 +1,11 @@
 #include "FileChooser.h"
 
+#include "platform/Files.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDir>
 #include <QPluginLoader>
-#include <QStandardPaths>
 
 namespace {
 
@@ -46,6 +46,5 @@ bool FileChooser::isNative() {
 }
 
 QString FileChooser::startFolder() {
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return QDir(documents).exists() ? documents : QDir::homePath();
+    return documentsFolder();
 }
