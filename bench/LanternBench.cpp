@@ -72,7 +72,7 @@ public:
     explicit Application(const QString& storeFolder)
         : userDefaults(storeFolder + QStringLiteral("/Lantern.ini"))
         , delegate(Services{environment, userDefaults, mainQueue, keyboard, platform, classes,
-                            selection, storeFolder}) {}
+                            selection, storeFolder, storeFolder}) {}
 
     Environment environment{[] { return Date(1'614'600'000'000ms); }, QStringLiteral("en_US"),
                             QStringLiteral("UTC"), SystemVersion{17, 0}};

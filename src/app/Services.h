@@ -20,4 +20,5 @@ struct Services {
     ClassRuntime& classes;
     SelectionValues& selection;
     QString storeFolder;
+    QString temporaryFolder; ///< the program's own, readable by its user alone
 };

@@ -1,15 +1,15 @@
-#include "QuoteSharing.h"
+#include "TextSharing.h"
 
 #include "toolkit/ActivityViewController.h"
 #include "toolkit/AlertController.h"
 
 #include <QPointer>
 
-void shareText(ViewController& screen, AppDelegate& application, const QString& text) {
+void shareText(ViewController& screen, AppDelegate& application, const QString& text,
+               std::vector<ActivityType> excluded) {
     Platform& platform = application.services.platform;
     if (platform.canSendText()) {
-        screen.present(makeActivityViewController(
-            platform, {text}, {ActivityType::AirDrop, ActivityType::AddToReadingList}));
+        screen.present(makeActivityViewController(platform, {text}, std::move(excluded)));
         return;
     }
     application.services.mainQueue.async([screen = QPointer<ViewController>(&screen)] {

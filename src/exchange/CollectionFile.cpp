@@ -1,5 +1,9 @@
 #include "exchange/CollectionFile.h"
 
+#include "foundation/FatalError.h"
+
+#include <QStringList>
+
 #include <algorithm>
 #include <array>
 
@@ -68,7 +72,34 @@ std::array<QStringView, 5> splitFields(QStringView line) {
     return fields;
 }
 
+/** How a message tells which quote it is about. */
+QString describe(const Event& quote) {
+    constexpr qsizetype longest = 100;
+    const auto part = [](const std::optional<QString>& text) {
+        return text.value_or(QString()).left(longest);
+    };
+    return QStringLiteral("\"%1\" by \"%2\" on \"%3\"")
+        .arg(part(quote.quote()), part(quote.author()), part(quote.category()));
+}
+
 } // namespace
+
+QString collectionLine(const Event& quote) {
+    const auto source = quote.source();
+    if (!source)
+        fatalError(QStringLiteral("A quote without a source cannot be exported: ") +
+                   describe(quote));
+    const auto date = quote.timestamp();
+    const QStringList fields{quote.author().value_or(QString()),
+                             quote.category().value_or(QString()), *source,
+                             date ? formatUtc(*date) : QString(),
+                             replaced(quote.quote().value_or(QString()), u"\n", u"@#@")};
+    return fields.join(u'^') + u'\n';
+}
+
+QString collectionLine(const Topics& topic) {
+    return topic.topic().value_or(QString()) + u'\n';
+}
 
 QString trimmedOfBlanks(QStringView text) {
     const auto isBlank = [](QChar character) { return character == u' ' || character == u'\t'; };
@@ -86,7 +117,7 @@ std::optional<std::vector<QuoteLine>> readQuoteLines(const QString& document) {
     while (reader.next()) {
         QString line = reader.line().toString();
         line.remove(u'\'');
-        if (line == QLatin1String("[QUOTECOLLECTION]"))
+        if (line == quoteSectionMarker)
             isCollection = true;
         const auto [author, topic, source, date, quote] = splitFields(line);
         if (!topic.isEmpty())
@@ -106,7 +137,7 @@ std::vector<QString> readTopicNames(const QString& document) {
         const QStringView line = reader.line();
         if (inTopics && !line.isEmpty())
             names.push_back(trimmedOfBlanks(line.sliced(line.lastIndexOf(u'^') + 1)));
-        inTopics = inTopics || line == QLatin1String("[TOPICCOLLECTION]");
+        inTopics = inTopics || line == topicSectionMarker;
     }
     return names;
 }

@@ -1,11 +1,23 @@
 #pragma once
 
 #include "foundation/Date.h"
+#include "store/Records.h"
 
 #include <QString>
 
 #include <optional>
 #include <vector>
+
+/** The lines that begin the two sections of a collection file. */
+inline const auto quoteSectionMarker = QStringLiteral("[QUOTECOLLECTION]");
+inline const auto topicSectionMarker = QStringLiteral("[TOPICCOLLECTION]");
+
+/** A quote as a line of a collection file, with its line feed. Line feeds within the quote are
+ * escaped, nothing else is. A quote whose source is absent is a fatal error. */
+QString collectionLine(const Event& quote);
+
+/** A topic as a line of a collection file, with its line feed. */
+QString collectionLine(const Topics& topic);
 
 /** A quote as a line of a collection file tells it. Apostrophes are gone from every text; a field
  * that the line lacks is empty. */

@@ -33,15 +33,9 @@ FormPage {
         control: root.controller.ImportTextView
     }
 
-    PlainText {
+    HelpText {
         Layout.fillWidth: true
         Layout.topMargin: Theme.gap
-        text: root.controller.HelpTextView.text
-        color: Theme.faintInk
-        font.pixelSize: Theme.secondaryFont
-        objectName: root.controller.HelpTextView.accessibilityLabel
-        Accessible.role: Accessible.StaticText
-        Accessible.name: root.controller.HelpTextView.accessibilityLabel
-        Accessible.description: text
+        control: root.controller.HelpTextView
     }
 }

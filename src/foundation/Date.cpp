@@ -129,14 +129,13 @@ QString formatDate(Date date, DateStyle style, const Environment& environment) {
     return QString::fromUtf16(text.getBuffer(), text.length());
 }
 
-QString description(Date date) {
-    const auto day = std::chrono::floor<std::chrono::days>(date);
-    const std::chrono::year_month_day calendar(day);
-    const std::chrono::hh_mm_ss time(date - day);
-    return QString::asprintf("%04d-%02u-%02u %02d:%02d:%02d +0000", int(calendar.year()),
-                             unsigned(calendar.month()), unsigned(calendar.day()),
-                             int(time.hours().count()), int(time.minutes().count()),
-                             int(time.seconds().count()));
+QString formatUtc(Date date) {
+    const auto midnight = std::chrono::floor<std::chrono::days>(date);
+    const std::chrono::year_month_day day(midnight);
+    const std::chrono::hh_mm_ss time(std::chrono::floor<std::chrono::seconds>(date - midnight));
+    return QString::asprintf("%04d-%02u-%02u %02d:%02d:%02d +0000", int(day.year()),
+                             unsigned(day.month()), unsigned(day.day()), int(time.hours().count()),
+                             int(time.minutes().count()), int(time.seconds().count()));
 }
 
 std::optional<Date> parseDate(const QString& text, DateStyle style,

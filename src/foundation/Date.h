@@ -16,8 +16,8 @@ enum class DateStyle { Medium, Long };
 /** The day of a moment, without time, in the environment's locale and time zone. */
 QString formatDate(Date date, DateStyle style, const Environment& environment);
 
-/** A moment in UTC as logs and files show it, such as "2021-03-07 14:05:09 +0000". */
-QString description(Date date);
+/** A moment in UTC to the second, whatever the place and language: "2021-03-07 14:05:09 +0000". */
+QString formatUtc(Date date);
 
 /** The moment at which the shown day starts in the environment's time zone; nothing when the
  * text is not wholly a date of that style and locale. A month's name may be long or short. */

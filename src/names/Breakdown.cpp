@@ -126,7 +126,7 @@ void Breakdown::willDisplayHeaderView(Label& header, int /*section*/) const {
 }
 
 void Breakdown::didSelectRowAtIndexPath(int row) {
-    chooseQuote(quoteAt(row), m_application.services.selection, description);
+    chooseQuote(quoteAt(row), m_application.services.selection, formatUtc);
 }
 
 bool Breakdown::isSearching() const {

@@ -1,8 +1,8 @@
 #include "DetailViewController.h"
 
+#include "app/TextSharing.h"
 #include "foundation/FatalError.h"
 #include "foundation/RegularExpression.h"
-#include "quotes/QuoteSharing.h"
 #include "shared/CommonLook.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/Storyboard.h"
@@ -150,7 +150,8 @@ void DetailViewController::ShareButtonTapped() {
     shareText(*this, m_application,
               QStringLiteral("Source: ") + SourceTextField->text() + QStringLiteral("\nTopic: ") +
                   CategoryTextField->text() + QStringLiteral("\nAuthor: ") +
-                  AuthorTextField->text() + QStringLiteral("\n\n") + QuoteTextView->text());
+                  AuthorTextField->text() + QStringLiteral("\n\n") + QuoteTextView->text(),
+              {ActivityType::AirDrop, ActivityType::AddToReadingList});
 }
 
 void DetailViewController::EmailFileClick() {

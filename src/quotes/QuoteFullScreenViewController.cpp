@@ -1,6 +1,6 @@
 #include "QuoteFullScreenViewController.h"
 
-#include "quotes/QuoteSharing.h"
+#include "app/TextSharing.h"
 
 QuoteFullScreenViewController::QuoteFullScreenViewController(AppDelegate& application)
     : QuoteTextView(new TextView(this, QStringLiteral("Quote")))
@@ -21,5 +21,6 @@ void QuoteFullScreenViewController::touchesBegan() {
 void QuoteFullScreenViewController::ShareButtonTapped() {
     shareText(*this, m_application,
               QStringLiteral("Topic: ") + m_application.services.selection.selectedTopic +
-                  QStringLiteral("\n\n") + QuoteTextView->text());
+                  QStringLiteral("\n\n") + QuoteTextView->text(),
+              {ActivityType::AirDrop, ActivityType::AddToReadingList});
 }

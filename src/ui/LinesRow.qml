@@ -22,6 +22,7 @@ TableRow {
                     required property QtObject modelData
 
                     width: parent?.width ?? 0
+                    visible: text !== ""
                     control: modelData as ToolkitLabel
                     color: index === 0 ? Theme.ink : Theme.faintInk
                     elide: Text.ElideRight

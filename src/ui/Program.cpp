@@ -23,7 +23,7 @@ Program::Program(const ProgramPaths& paths, Environment environment, Platform& p
     : m_environment(std::move(environment))
     , m_userDefaults(paths.settingsFile)
     , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, platform,
-                             m_classes, m_selection, paths.storeFolder}) {
+                             m_classes, m_selection, paths.storeFolder, m_temporaryFolder.path()}) {
     addScenes(m_storyboard, m_application);
 }
 

@@ -5,6 +5,7 @@
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -39,6 +40,7 @@ private:
     Environment m_environment;
     UserDefaults m_userDefaults;
     EventLoopMainQueue m_mainQueue;
+    QTemporaryDir m_temporaryFolder;
     Keyboard m_keyboard;
     ClassRuntime m_classes;
     SelectionValues m_selection;

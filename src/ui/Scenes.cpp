@@ -2,7 +2,10 @@
 
 #include "app/MainMenuViewController.h"
 #include "app/ReferenceListsViewController.h"
+#include "exchange/ExportViewController.h"
 #include "exchange/ImportViewController.h"
+#include "exchange/PrintQuoteViewController.h"
+#include "feedback/RateShareTableViewController.h"
 #include "quotes/AddViewController.h"
 #include "quotes/DetailViewController.h"
 #include "quotes/MasterViewController.h"
@@ -12,7 +15,6 @@
 #include "toolkit/NavigationController.h"
 #include "toolkit/TabBarController.h"
 #include "ui/NameScenes.h"
-#include "ui/PlainViewController.h"
 
 namespace {
 
@@ -164,6 +166,24 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
                     [&] { return std::make_unique<ImportViewController>(application); },
                     {unwindToMainMenu},
                     {}});
+    storyboard.add({QStringLiteral("ExportViewController"),
+                    QString(),
+                    QStringLiteral("ExportView"),
+                    [&] { return std::make_unique<ExportViewController>(application); },
+                    {},
+                    {}});
+    storyboard.add({QStringLiteral("PrintQuoteViewController"),
+                    QStringLiteral("Print Quotes"),
+                    QStringLiteral("PrintQuoteView"),
+                    [&] { return std::make_unique<PrintQuoteViewController>(application); },
+                    {},
+                    {}});
+    storyboard.add({QStringLiteral("RateShareTableViewController"),
+                    QString(),
+                    QStringLiteral("RowsView"),
+                    [&] { return std::make_unique<RateShareTableViewController>(application); },
+                    {},
+                    {}});
 
     const auto unwind = [](const char* identifier, const char* action) {
         return SegueDescription::unwind(QLatin1String(identifier), QLatin1String(action));
@@ -201,17 +221,6 @@ void addScenes(Storyboard& storyboard, AppDelegate& application) {
                     {}});
 
     addNameScenes(storyboard, application);
-
-    const auto plain = [&](const QString& identifier, const QString& title) {
-        storyboard.add({identifier,
-                        title,
-                        QStringLiteral("PlainView"),
-                        [] { return std::make_unique<PlainViewController>(); },
-                        {unwindToMainMenu},
-                        {}});
-    };
-    plain(QStringLiteral("ExportViewController"), QStringLiteral("Export"));
-    plain(QStringLiteral("RateShareTableViewController"), QStringLiteral("Rate/Share"));
 }
 
 std::unique_ptr<NavigationController> makeRootViewController(Storyboard& storyboard) {

@@ -13,7 +13,8 @@ TestApplication::TestApplication()
                   QStringLiteral("en_US"), QStringLiteral("UTC"), SystemVersion{17, 0}}
     , userDefaults(folder.filePath(QStringLiteral("settings/Lantern.ini")))
     , delegate(Services{environment, userDefaults, mainQueue, keyboard, platform, classes,
-                        selection, folder.filePath(QStringLiteral("store"))}) {
+                        selection, folder.filePath(QStringLiteral("store")),
+                        folder.filePath(QStringLiteral("temporary"))}) {
     setFatalErrorHandler([](const FatalError& error) { throw error; });
 }
 

@@ -1,0 +1,138 @@
+#include "PrintQuoteViewController.h"
+
+#include "app/TextSharing.h"
+#include "shared/CommonLook.h"
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <array>
+
+Q_DECLARE_LOGGING_CATEGORY(lcExchange)
+
+namespace {
+
+/** A part of a quote's block of text. */
+struct Field {
+    const char* label;
+    std::optional<QString> (Event::*value)() const;
+    bool leftOutWhenEmpty = false;
+    const char* end = " - ";
+};
+
+/** The quotes that a breakdown screen lists, and how their text is laid out. */
+struct Group {
+    const char* callingScreen;
+    const char* header;
+    TextKey<Event> key;
+    QString SelectionValues::*name;
+    TextKey<Event> order;
+    std::array<Field, 4> fields;
+};
+
+constexpr std::array groups{Group{"AuthorBreakdown",
+                                  "Event Filtered by Author",
+                                  Event::Keys::author,
+                                  &SelectionValues::selectedAuthor,
+                                  Event::Keys::category,
+                                  {{{"Author: ", &Event::author},
+                                    {"Source: ", &Event::source},
+                                    {"Topic: ", &Event::category, true},
+                                    {"Quote: ", &Event::quote}}}},
+                            Group{"SourceBreakdown",
+                                  "Event Filtered by Source",
+                                  Event::Keys::source,
+                                  &SelectionValues::selectedSource,
+                                  Event::Keys::author,
+                                  {{{"Source: ", &Event::source},
+                                    {"Author: ", &Event::author},
+                                    {"Topic: ", &Event::category, true},
+                                    {"Quote: ", &Event::quote}}}},
+                            Group{"TopicBreakdown",
+                                  "Event Filtered by Topic",
+                                  Event::Keys::category,
+                                  &SelectionValues::selectedTopic,
+                                  Event::Keys::author,
+                                  {{{"Topic: ", &Event::category},
+                                    {"Source: ", &Event::source},
+                                    {"Author: ", &Event::author, true},
+                                    {"Quote: ", &Event::quote, false, ""}}}}};
+
+/** The group of a calling screen; null when that is no breakdown. */
+const Group* groupOf(const QString& callingScreen) {
+    const auto* found = std::ranges::find_if(groups, [&](const Group& group) {
+        return callingScreen == QLatin1String(group.callingScreen);
+    });
+    return found == groups.end() ? nullptr : found;
+}
+
+QString blockOf(const Event& quote, const Group& group) {
+    QString block;
+    for (const Field& field : group.fields) {
+        const auto value = (quote.*field.value)();
+        if (value && !(field.leftOutWhenEmpty && value->isEmpty()))
+            block += QLatin1String(field.label) + *value + QLatin1String(field.end);
+    }
+    return block + QStringLiteral("\n\n");
+}
+
+} // namespace
+
+PrintQuoteViewController::PrintQuoteViewController(AppDelegate& application)
+    : CreateFileButton(new Button(this, QStringLiteral("Create File")))
+    , PrintButton(new Button(this, QStringLiteral("Print")))
+    , EmailButton(new Button(this, QStringLiteral("Share")))
+    , FileTextView(new TextView(this, QStringLiteral("File text")))
+    , m_application(application) {
+    connect(CreateFileButton, &Button::touchUpInside, this,
+            &PrintQuoteViewController::CreateFileClick);
+    connect(PrintButton, &Button::touchUpInside, this, &PrintQuoteViewController::EmailFileClick);
+    connect(EmailButton, &Button::touchUpInside, this,
+            &PrintQuoteViewController::shareButtonClicked);
+}
+
+void PrintQuoteViewController::viewDidLoad() {
+    styleButton(*EmailButton);
+    const SelectionValues& selection = m_application.services.selection;
+    const Group* group = groupOf(selection.callingScreen);
+    if (!group)
+        return;
+    managedObjectContext = &m_application.persistentContainer().viewContext();
+    auto request = Event::fetchRequest();
+    request.returnsObjectsAsFaults = false;
+    request.predicate = group->key == selection.*group->name;
+    request.sortDescriptors = {{group->order, true}};
+    auto result = managedObjectContext->fetch(request);
+    if (result.error)
+        qCWarning(lcExchange) << result.error->description;
+    QuoteList = std::move(result.records);
+}
+
+void PrintQuoteViewController::viewDidDisappear() {
+    dismiss();
+}
+
+void PrintQuoteViewController::CreateFileClick() {
+    QString text;
+    if (const Group* group = groupOf(m_application.services.selection.callingScreen)) {
+        text = QLatin1String(group->header) + QStringLiteral("\n\n");
+        for (const Event* quote : QuoteList)
+            text += blockOf(*quote, *group);
+    }
+    FileTextView->setText(text);
+    EmailFileClick();
+}
+
+void PrintQuoteViewController::EmailFileClick() {
+    const QString text = FileTextView->text();
+    if (text.isEmpty())
+        return;
+    PrintJob job;
+    job.markup = QString(text).replace(u'\n', QStringLiteral("<br />"));
+    job.jobName = QStringLiteral("Quotes");
+    m_application.services.platform.print(job);
+}
+
+void PrintQuoteViewController::shareButtonClicked() {
+    shareText(*this, m_application, FileTextView->text());
+}
