@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Lantern
 
-/** A text to read, however long: each of its lines is a row, wrapped or cut off as its control asks. */
+/** A text to read, however long: a row for each line, wrapped or cut off as its control asks. */
 FocusScope {
     id: root
 

@@ -1,5 +1,6 @@
 #include "exchange/CollectionFile.h"
 #include "foundation/Environment.h"
+#include "support/TestApplication.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,30 @@ std::vector<QString> topics(const char* document) {
 }
 
 } // namespace
+
+TEST(CollectionLine, HasTheTextsAsTheyStand) {
+    TestApplication application;
+    const auto line = [&](const QuoteValues& values) {
+        return collectionLine(application.addQuote(values)).toUtf8();
+    };
+    const Date date = sys_days(2020y / 1 / 2) + 3h + 4min + 5s + 678ms;
+    EXPECT_EQ(line({"A", "T", "", "x\ny", date}), "A^T^^2020-01-02 03:04:05 +0000^x@#@y\n");
+    EXPECT_EQ(line({"A", "T", "S", "text"}), "A^T^S^^text\n");
+    EXPECT_EQ(line({nullptr, nullptr, "", nullptr}), "^^^^\n");
+    EXPECT_EQ(line({" O'B^\r\n ", "\"", "@#@", "\n\r\n@#@^\n"}),
+              " O'B^\r\n ^\"^@#@^^@#@\r@#@@#@^@#@\n");
+    // Composed and decomposed, and the last character of every plane.
+    const char* unicode = "\u00e9 e\u0301 \ufeff\u2028\ufffd \U0001fffd \U0002fffd \U0010fffd";
+    EXPECT_EQ(line({"A", "T", "S", unicode}), QByteArray("A^T^S^^") + unicode + "\n");
+    const Event& stray = application.addQuote({"A", "T", nullptr, "q"});
+    EXPECT_EQ(fatalMessageOf([&] { collectionLine(stray); }),
+              "A quote without a source cannot be exported: \"q\" by \"A\" on \"T\"");
+
+    Topics& topic = *application.context().insert<Topics>();
+    EXPECT_EQ(collectionLine(topic), "\n");
+    topic.setTopic(QStringLiteral(" a^'b' "));
+    EXPECT_EQ(collectionLine(topic), " a^'b' \n");
+}
 
 TEST(QuoteLines, AreReadFieldByField) {
     const auto read = quotes("[QUOTECOLLECTION]\n"

@@ -117,6 +117,14 @@ TEST(WallTime, IsWhatTheClockShowsAndComesBack) {
         EXPECT_EQ(dateFromWallTime(wallTime(date, berlin), berlin), date);
 }
 
+TEST(FormatUtc, CutsToTheSecond) {
+    EXPECT_EQ(formatUtc(sys_days(2021y / 3 / 7) + 14h + 5min + 9s + 999ms),
+              "2021-03-07 14:05:09 +0000");
+    EXPECT_EQ(formatUtc(Date(-1ms)), "1969-12-31 23:59:59 +0000");
+    EXPECT_EQ(formatUtc(sys_days(45y / 2 / 3)), "0045-02-03 00:00:00 +0000");
+    EXPECT_EQ(formatUtc(sys_days(9999y / 12 / 31) + 24h - 1s), "9999-12-31 23:59:59 +0000");
+}
+
 TEST(Environment, OfThisDeviceKnowsItsTimeZoneAndLocale) {
     const Environment here = Environment::ofThisDevice();
     const auto clock = std::chrono::system_clock::now();

@@ -5,7 +5,6 @@
 #include <QTest>
 
 #include <csignal>
-#include <ostream>
 #include <stdexcept>
 #include <sys/prctl.h>
 
@@ -42,10 +41,6 @@ QByteArray programsFolder() {
 }
 
 } // namespace
-
-void PrintTo(const QString& text, std::ostream* stream) {
-    *stream << '"' << text.toStdString() << '"';
-}
 
 Desktop::Desktop() {
     qputenv("HOME", m_home.path().toLocal8Bit());

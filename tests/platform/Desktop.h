@@ -1,16 +1,14 @@
 #pragma once
 
+#include "support/PrintText.h"
+
 #include <QProcess>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 
 #include <functional>
-#include <iosfwd>
 #include <optional>
-
-/** How a failed expectation shows a text. */
-void PrintTo(const QString& text, std::ostream* stream);
 
 /**
  * A desktop of the tests' own: a home, a message bus without services, and stand-ins for the

@@ -1,11 +1,7 @@
 #include "Desktop.h"
+#include "MailPortal.h"
 #include "platform/DesktopPlatform.h"
 
-#include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusObjectPath>
-#include <QDBusUnixFileDescriptor>
 #include <QFileInfo>
 #include <QUrlQuery>
 
@@ -22,52 +18,6 @@ QString fieldOf(const QString& address, const char* name) {
     return query.queryItemValue(QLatin1String(name), QUrl::FullyDecoded)
         .replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
-
-/** The mail portal of a desktop: what it was asked for, and how it answers. */
-class MailPortal : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Email")
-
-public:
-    explicit MailPortal(uint answer)
-        : m_answer(answer)
-        , m_bus(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
-                                              QStringLiteral("portal"))) {
-        m_bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
-                             QDBusConnection::ExportAllSlots);
-        EXPECT_TRUE(m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
-    }
-    ~MailPortal() override { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
-
-    QVariantMap options;
-    QStringList attachmentPaths;
-    QList<QByteArray> attachments;
-
-public Q_SLOTS:
-    QDBusObjectPath ComposeEmail(const QString& /*parentWindow*/, const QVariantMap& given,
-                                 const QDBusMessage& call) {
-        options = given;
-        for (const auto& descriptor : qdbus_cast<QList<QDBusUnixFileDescriptor>>(
-                 given.value(QStringLiteral("attachment_fds")))) {
-            const QString link =
-                QStringLiteral("/proc/self/fd/%1").arg(descriptor.fileDescriptor());
-            attachmentPaths.append(QFileInfo(link).symLinkTarget());
-            attachments.append(contents(link).value_or("unreadable"));
-        }
-        const QString request = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
-                                    .arg(call.service().mid(1).replace(u'.', u'_'),
-                                         given.value(QStringLiteral("handle_token")).toString());
-        QDBusMessage response = QDBusMessage::createSignal(
-            request, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"));
-        response.setArguments({m_answer, QVariantMap()});
-        m_bus.send(response);
-        return QDBusObjectPath(request);
-    }
-
-private:
-    uint m_answer;
-    QDBusConnection m_bus;
-};
 
 class LinksAndMail : public testing::Test {
 protected:
@@ -194,5 +144,3 @@ TEST_F(LinksAndMail, WithoutXdgEmailMailOpensAsAnAddress) {
 }
 
 } // namespace
-
-#include "LinkAndMailTests.moc"

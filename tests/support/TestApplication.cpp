@@ -1,20 +1,26 @@
 #include "TestApplication.h"
 
-#include <ostream>
+#include <QDir>
+
+#include <algorithm>
 
 using namespace std::chrono_literals;
 
-void PrintTo(const QString& text, std::ostream* stream) {
-    *stream << '"' << text.toStdString() << '"';
+void ManualMainQueue::runAll() {
+    auto due = std::exchange(waiting, {});
+    std::ranges::stable_sort(due, {}, &decltype(due)::value_type::first);
+    for (const auto& [seconds, work] : due)
+        work();
 }
 
-TestApplication::TestApplication()
+TestApplication::TestApplication(Platform* device)
     : environment{[] { return Date(1'614'600'000'000ms); }, // 2021-03-01 12:00 UTC
                   QStringLiteral("en_US"), QStringLiteral("UTC"), SystemVersion{17, 0}}
     , userDefaults(folder.filePath(QStringLiteral("settings/Lantern.ini")))
-    , delegate(Services{environment, userDefaults, mainQueue, keyboard, platform, classes,
-                        selection, folder.filePath(QStringLiteral("store")),
+    , delegate(Services{environment, userDefaults, mainQueue, keyboard, device ? *device : platform,
+                        classes, selection, folder.filePath(QStringLiteral("store")),
                         folder.filePath(QStringLiteral("temporary"))}) {
+    QDir(folder.path()).mkdir(QStringLiteral("temporary"));
     setFatalErrorHandler([](const FatalError& error) { throw error; });
 }
 

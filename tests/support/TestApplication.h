@@ -4,6 +4,7 @@
 #include "foundation/FatalError.h"
 #include "platform/FakePlatform.h"
 #include "store/Records.h"
+#include "support/PrintText.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/ViewController.h"
 
@@ -11,12 +12,8 @@
 #include <QTemporaryDir>
 
 #include <functional>
-#include <iosfwd>
 #include <utility>
 #include <vector>
-
-/** How a failed expectation shows a text. */
-void PrintTo(const QString& text, std::ostream* stream);
 
 /** A main queue that runs when the test says so. */
 class ManualMainQueue final : public MainQueue {
@@ -25,6 +22,9 @@ public:
     void after(double seconds, std::function<void()> work) override {
         waiting.emplace_back(seconds, std::move(work));
     }
+
+    /** Runs all that waits, and no more, in the order in which its time comes. */
+    void runAll();
 
     std::vector<std::pair<double, std::function<void()>>> waiting;
 };
@@ -42,7 +42,8 @@ struct QuoteValues {
  * a temporary folder. While it lives, a fatal error throws its FatalError. */
 class TestApplication {
 public:
-    TestApplication();
+    /** With a device other than the fake one. */
+    explicit TestApplication(Platform* device = nullptr);
     ~TestApplication();
     TestApplication(const TestApplication&) = delete;
     TestApplication& operator=(const TestApplication&) = delete;

@@ -1,6 +1,8 @@
+#include "toolkit/ActivityIndicatorView.h"
 #include "toolkit/Button.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/PickerView.h"
+#include "toolkit/Progress.h"
 #include "toolkit/SearchController.h"
 #include "toolkit/SegmentedControl.h"
 #include "toolkit/TextInput.h"
@@ -35,6 +37,25 @@ TEST(Button, DoesNothingWhileDisabledOrHidden) {
     EXPECT_EQ(button.hidingDuration(), 0);
     button.press();
     EXPECT_EQ(presses.size(), 1);
+}
+
+TEST(Progress, IsAFractionOfItsTotal) {
+    EXPECT_EQ((Progress{10, 4}.fractionCompleted()), 0.4);
+    EXPECT_EQ((Progress{10, 11}.fractionCompleted()), 1);
+    EXPECT_EQ((Progress{0, 0}.fractionCompleted()), 0);
+    EXPECT_EQ((Progress{0, 1}.fractionCompleted()), 1);
+}
+
+TEST(ActivityIndicatorView, HidesWhileItStandsStill) {
+    ActivityIndicatorView indicator(nullptr);
+    EXPECT_FALSE(indicator.isHidden());
+    indicator.setHidesWhenStopped(true);
+    EXPECT_TRUE(indicator.isHidden());
+    indicator.startAnimating();
+    EXPECT_FALSE(indicator.isHidden());
+    indicator.stopAnimating();
+    EXPECT_TRUE(indicator.isHidden());
+    EXPECT_FALSE(indicator.isAnimating());
 }
 
 TEST(SegmentedControl, TellsOfTheUsersChangesAlone) {
@@ -75,10 +96,19 @@ TEST(TextView, GivesItsTextALineARow) {
     EXPECT_EQ(lines(), QStringList({"one", "", "two"}));
     view.setText(QStringLiteral("\rone\rtwo\n\rthree"));
     EXPECT_EQ(lines(), QStringList({"", "one", "two", "", "three"}));
-    view.setText(QString(2'000'000, QLatin1Char('x')) + QStringLiteral("\nend\n"));
+    // Long lines go on in the next row, or are cut off.
+    const QString words = QString(900, u'x') + u' ' + QString(200, u'y');
+    const QString smileys = QString(999, u'z') + QStringLiteral("😀😀");
+    view.setText(words + u'\n' + smileys + QStringLiteral("\r\nend\n"));
+    EXPECT_EQ(lines(), QStringList({words.left(901), words.mid(901), smileys.left(999),
+                                    smileys.mid(999), QStringLiteral("end")}));
+    view.setLineBreakMode(LineBreakMode::TruncatingTail);
+    EXPECT_EQ(lines(), QStringList({words.left(1000), smileys.left(1000), QStringLiteral("end")}));
+    // Work that grows with the square of a line's length would not come to an end here.
+    view.setText(QString(5'000'000, u'x') + QStringLiteral("\nend\n"));
     EXPECT_EQ(lines().size(), 2);
-    EXPECT_LE(lines().at(0).size(), 1000);
-    EXPECT_EQ(lines().at(1), "end");
+    view.setLineBreakMode(LineBreakMode::WordWrapping);
+    EXPECT_EQ(lines().size(), 5'001);
 }
 
 TEST(SearchController, RunsTheSearchOnEveryChangeOfTheText) {
