@@ -23,8 +23,6 @@ TableRow {
 
                     width: parent?.width ?? 0
                     visible: text !== ""
-                    width: parent?.width ?? 0
-                    visible: text !== ""
                     control: modelData as ToolkitLabel
                     color: index === 0 ? Theme.ink : Theme.faintInk
                     elide: Text.ElideRight

@@ -1,4 +1,5 @@
 #include "Pilot.h"
+#include "exchange/ExportViewController.h"
 #include "exchange/ImportViewController.h"
 #include "foundation/FatalError.h"
 #include "platform/FakePlatform.h"
@@ -7,11 +8,13 @@
 #include "toolkit/AlertController.h"
 #include "toolkit/DocumentPickerViewController.h"
 #include "toolkit/NavigationController.h"
+#include "toolkit/Storyboard.h"
 #include "toolkit/TabBarController.h"
 #include "ui/Program.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QUrl>
@@ -392,6 +395,65 @@ TEST_F(Views, ImportAsksLoadsAndReports) {
     pilot->tap(QStringLiteral("OK"));
     EXPECT_EQ(top().title(), "Lantern");
     EXPECT_EQ(quoteCount(), 1);
+}
+
+TEST_F(Views, ExportIsCreatedSavedAndMailed) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("a"), QStringLiteral("<b>one</b>"));
+    const auto& screen = open<ExportViewController>("Export");
+    pilot->tap(QStringLiteral("Save To Files"));
+    EXPECT_EQ(program.navigation().presentedViewController(), nullptr);
+    pilot->tap(QStringLiteral("Create Export File"));
+    pilot->tap(QStringLiteral("OK")); // of the alert, which comes a second later
+    EXPECT_FALSE(screen.activityIndicator->isAnimating());
+    EXPECT_EQ(screen.ProgressView->progress(), 1);
+    EXPECT_EQ(pilot->find(QStringLiteral("Export text")).property("count"), 3);
+    pilot->tap(QStringLiteral("Save To Files"));
+    pilot->tap(QStringLiteral("Save to Files"));
+    ASSERT_EQ(platform.saved.size(), 1);
+    const QString file = std::get<SharedFile>(platform.saved[0].at(0)).path;
+    EXPECT_EQ(QFile::permissions(QFileInfo(file).path()) & (QFile::ReadGroup | QFile::ReadOther),
+              0);
+    pilot->tap(QStringLiteral("Email File"));
+    ASSERT_EQ(platform.mails.size(), 1);
+    EXPECT_EQ(platform.mails[0].attachments.at(0).data,
+              "[QUOTECOLLECTION]\nAnn^a^Source^2020-09-13 12:26:40 +0000^<b>one</b>\n"
+              "[TOPICCOLLECTION]\n");
+}
+
+TEST_F(Views, PrintQuotesShowsTheWholeTextAndHandsItOn) {
+    const QString longQuote = QStringLiteral("word ").repeated(300);
+    addQuote(QStringLiteral("Ann"), QStringLiteral("a"), longQuote);
+    program.application().services.selection.callingScreen = QStringLiteral("AuthorBreakdown");
+    program.application().services.selection.selectedAuthor = QStringLiteral("Ann");
+    program.navigation().pushViewController(
+        top().storyboard()->instantiate(QStringLiteral("PrintQuoteViewController")));
+    pilot->settle();
+    EXPECT_EQ(top().title(), "Print Quotes");
+    pilot->tap(QStringLiteral("Create File"));
+    ASSERT_EQ(platform.printed.size(), 1);
+    QString shown;
+    for (const QQuickItem* line : pilot->findAll({}))
+        shown += line->property("line").toString();
+    EXPECT_TRUE(shown.contains(longQuote));
+    EXPECT_GT(pilot->find(QStringLiteral("File text")).property("contentHeight").toDouble(), 500);
+    pilot->tap(QStringLiteral("Print"));
+    EXPECT_EQ(platform.printed.size(), 2);
+    pilot->tap(QStringLiteral("Share"));
+    pilot->tap(QStringLiteral("Copy"));
+    EXPECT_EQ(platform.copied.size(), 1);
+}
+
+TEST_F(Views, RateShareRowsWorkByTapAndByKeyboard) {
+    open("Rate/Share");
+    pilot->tap(QStringLiteral("Share the Website"));
+    pilot->tap(QStringLiteral("Message"));
+    EXPECT_EQ(platform.messages.size(), 1);
+    pilot->press(Qt::Key_Down);
+    pilot->press(Qt::Key_Return);
+    EXPECT_EQ(platform.opened, QList<QUrl>({QUrl(QStringLiteral("http://www.lantern.example"))}));
+    platform.sendsMail = false;
+    pilot->tap(QStringLiteral("Send Feedback"));
+    pilot->find(QStringLiteral("OK"));
 }
 
 TEST_F(Views, FatalMessageStaysInTheWindowUntilItIsRead) {

@@ -4,6 +4,7 @@
 #include "toolkit/AlertController.h"
 #include "toolkit/DocumentPickerViewController.h"
 #include "toolkit/NavigationController.h"
+#include "toolkit/Storyboard.h"
 #include "ui/Program.h"
 
 #include <QDir>
@@ -67,7 +68,8 @@ public:
         settings();
         browseLists();
         nameRecords();
-        otherScreens();
+        exportQuotes();
+        rateAndShare();
     }
 
 private:
@@ -233,6 +235,12 @@ private:
         shoot("authors-search");
         m_pilot.tap(QStringLiteral("Mark Twain"));
         shoot("author-breakdown");
+        m_pilot.tap(QStringLiteral("Print"));
+        m_pilot.tap(QStringLiteral("Create File"));
+        shoot("print-quotes");
+        if (m_platform.printed.empty())
+            throw std::runtime_error("the quotes were not printed");
+        m_pilot.tap(QStringLiteral("Back"));
         for (int screens = 0; screens < 3; ++screens)
             m_pilot.tap(QStringLiteral("Back"));
         open("Quotes by Group");
@@ -283,17 +291,35 @@ private:
         m_pilot.tap(QStringLiteral("Back"));
     }
 
-    void otherScreens() {
-        for (const char* name : {"Export", "Rate/Share"}) {
-            open(name);
-            shoot(QString::fromLatin1(name)
-                      .toLower()
-                      .replace(QLatin1Char('/'), QLatin1Char('-'))
-                      .replace(QLatin1Char(' '), QLatin1Char('-'))
-                      .toLatin1()
-                      .constData());
-            m_pilot.tap(QStringLiteral("Back"));
-        }
+    void exportQuotes() {
+        open("Export");
+        shoot("export");
+        m_pilot.tap(QStringLiteral("Create Export File"));
+        shoot("export-created");
+        m_pilot.find(QStringLiteral("OK"));
+        shoot("export-alert");
+        m_pilot.tap(QStringLiteral("OK"));
+        m_pilot.tap(QStringLiteral("Save To Files"));
+        shoot("export-share-sheet");
+        m_pilot.tap(QStringLiteral("Save to Files"));
+        m_pilot.tap(QStringLiteral("Email File"));
+        if (m_platform.mails.empty() || m_platform.saved.empty())
+            throw std::runtime_error("the export was not handed over");
+        m_pilot.tap(QStringLiteral("Back"));
+    }
+
+    void rateAndShare() {
+        open("Rate/Share");
+        shoot("rate-share");
+        m_pilot.tap(QStringLiteral("Share Lantern"));
+        shoot("rate-share-sheet");
+        m_pilot.tap(QStringLiteral("Cancel"));
+        m_platform.sendsMail = false;
+        m_pilot.tap(QStringLiteral("Send Feedback"));
+        shoot("rate-share-alert");
+        m_pilot.tap(QStringLiteral("OK"));
+        m_platform.sendsMail = true;
+        m_pilot.tap(QStringLiteral("Back"));
     }
 
     /** Opens a screen from the menu, whose options hide whenever it comes back. */
