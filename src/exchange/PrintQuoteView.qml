@@ -8,26 +8,25 @@ FormPage {
 
     required property PrintQuoteViewController controller
 
+    PushButton {
+        Layout.fillWidth: true
+        control: root.controller.CreateFileButton
+        focus: true
+    }
+
     RowLayout {
         Layout.fillWidth: true
         spacing: Theme.gap
 
         PushButton {
             Layout.fillWidth: true
-            Layout.preferredWidth: 4
-            control: root.controller.CreateFileButton
-            focus: true
-        }
-
-        PushButton {
-            Layout.fillWidth: true
-            Layout.preferredWidth: 3
+            Layout.preferredWidth: 1
             control: root.controller.PrintButton
         }
 
         PushButton {
             Layout.fillWidth: true
-            Layout.preferredWidth: 3
+            Layout.preferredWidth: 1
             control: root.controller.EmailButton
         }
     }

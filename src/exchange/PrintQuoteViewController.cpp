@@ -92,7 +92,9 @@ PrintQuoteViewController::PrintQuoteViewController(AppDelegate& application)
 }
 
 void PrintQuoteViewController::viewDidLoad() {
-    styleButton(*EmailButton);
+    for (Button* button : {CreateFileButton, PrintButton, EmailButton})
+        styleButton(*button);
+    styleFormField(*FileTextView);
     const SelectionValues& selection = m_application.services.selection;
     const Group* group = groupOf(selection.callingScreen);
     if (!group)
