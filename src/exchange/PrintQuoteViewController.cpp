@@ -14,19 +14,19 @@ namespace {
 
 /** A part of a quote's block of text. */
 struct Field {
-    const char* label;
-    std::optional<QString> (Event::*value)() const;
+    const char* label = "";
+    std::optional<QString> (Event::*value)() const = nullptr;
     bool leftOutWhenEmpty = false;
     const char* end = " - ";
 };
 
 /** The quotes that a breakdown screen lists, and how their text is laid out. */
 struct Group {
-    const char* callingScreen;
-    const char* header;
-    TextKey<Event> key;
-    QString SelectionValues::*name;
-    TextKey<Event> order;
+    const char* callingScreen = "";
+    const char* header = "";
+    TextKey<Event> key{};
+    QString SelectionValues::*name = nullptr;
+    TextKey<Event> order{};
     std::array<Field, 4> fields;
 };
 
