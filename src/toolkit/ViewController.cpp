@@ -1,6 +1,7 @@
 #include "ViewController.h"
 
 #include "foundation/FatalError.h"
+#include "toolkit/Button.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/Storyboard.h"
 #include "toolkit/TextInput.h"
@@ -8,6 +9,16 @@
 #include <QLoggingCategory>
 
 Q_LOGGING_CATEGORY(lcToolkit, "lantern.toolkit")
+
+namespace {
+
+template <class Control>
+QList<QObject*> controlsOf(const ViewController& screen) {
+    const auto controls = screen.findChildren<Control*>(Qt::FindDirectChildrenOnly);
+    return {controls.begin(), controls.end()};
+}
+
+} // namespace
 
 Segue::Segue(const QString& identifier, ViewController& source, ViewController& destination)
     : m_identifier(identifier)
@@ -71,9 +82,12 @@ NavigationController* ViewController::navigationController() const {
     return nullptr;
 }
 
-QList<QObject*> ViewController::controls() const {
-    const auto views = findChildren<View*>(Qt::FindDirectChildrenOnly);
-    return {views.begin(), views.end()};
+QList<QObject*> ViewController::textFields() const {
+    return controlsOf<TextField>(*this);
+}
+
+QList<QObject*> ViewController::buttons() const {
+    return controlsOf<Button>(*this);
 }
 
 QString ViewController::restorationIdentifier() const {

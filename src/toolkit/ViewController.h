@@ -40,7 +40,8 @@ class ViewController : public QObject {
     QML_UNCREATABLE("Storyboards make controllers")
     Q_PROPERTY(QString viewName READ viewName CONSTANT)
     Q_PROPERTY(NavigationItem* navigationItem READ navigationItem CONSTANT)
-    Q_PROPERTY(QList<QObject*> controls READ controls CONSTANT)
+    Q_PROPERTY(QList<QObject*> textFields READ textFields CONSTANT)
+    Q_PROPERTY(QList<QObject*> buttons READ buttons CONSTANT)
     Q_PROPERTY(ViewController* presentedViewController READ presentedViewController NOTIFY
                    presentedViewControllerChanged)
 
@@ -83,8 +84,9 @@ public:
     const Scene* scene() const { return m_scene; }
     /** What made this screen; null for a screen that nothing made. */
     Storyboard* storyboard() const { return m_storyboard; }
-    /** The fields and buttons of this screen, in the order in which it made them. */
-    QList<QObject*> controls() const;
+    /** The controls of this screen, in the order in which it made them. */
+    QList<QObject*> textFields() const;
+    QList<QObject*> buttons() const;
     /** Which screen this is, for telling whether two are of one kind. */
     QString restorationIdentifier() const;
     /** The name of the view that shows this screen. */

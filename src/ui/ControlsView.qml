@@ -13,7 +13,7 @@ FormPage {
     onBackgroundTapped: controller.touchesBegan()
 
     Repeater {
-        model: root.controller.controls.filter(control => control instanceof ToolkitTextField)
+        model: root.controller.textFields
 
         FormField {
             required property int index
@@ -26,10 +26,9 @@ FormPage {
     }
 
     Repeater {
-        model: root.controller.controls.filter(control => control instanceof ToolkitButton)
+        model: root.controller.buttons
 
         PushButton {
-            required property int index
             required property QtObject modelData
 
             Layout.fillWidth: true

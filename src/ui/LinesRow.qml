@@ -6,11 +6,9 @@ TableRow {
     id: root
 
     contentItem: Item {
-        implicitHeight: lines.implicitHeight
+        implicitHeight: childrenRect.height
 
         Column {
-            id: lines
-
             anchors.verticalCenter: parent.verticalCenter
             width: parent.width
 
