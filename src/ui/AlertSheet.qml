@@ -23,6 +23,7 @@ T.Popup {
         heading = alert.heading;
         message = alert.message;
         actions = alert.actionTitles;
+        choices.itemAt(0).focus = true;
         open();
     }
 
@@ -101,6 +102,8 @@ T.Popup {
         }
 
         Repeater {
+            id: choices
+
             model: root.actions
 
             TextButton {
@@ -110,7 +113,6 @@ T.Popup {
                 width: parent?.width ?? 0
                 text: modelData
                 bold: index === 0
-                focus: index === 0
                 onClicked: root.alert?.choose(index)
             }
         }

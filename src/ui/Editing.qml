@@ -8,7 +8,8 @@ import Lantern
 QtObject {
     property ToolkitTextInput input: null
     property Item field: null
-    property bool sheetHasFocus: false
+    /** What holds the input views. */
+    property Item sheet: null
     property real sheetHeight: 0
 
     /** The user turns the input view by so many steps, from the field. */

@@ -17,7 +17,7 @@ Item {
             Editing.input = control;
             field.forceActiveFocus();
         } else {
-            const hadFocus = field.activeFocus || Editing.sheetHasFocus;
+            const hadFocus = field.activeFocus || Editing.sheet.activeFocus;
             field.focus = false;
             if (hadFocus)
                 scope.forceActiveFocus();
@@ -34,7 +34,8 @@ Item {
         id: left
 
         interval: 0
-        onTriggered: if (!root.field.activeFocus && !Editing.sheetHasFocus && root.Window.active)
+        onTriggered: if (!root.field.activeFocus && !Editing.sheet.activeFocus
+                         && root.Window.active)
             root.control.endEditing()
     }
 
@@ -50,9 +51,9 @@ Item {
     }
 
     Connections {
-        target: Editing
+        target: Editing.sheet
 
-        function onSheetHasFocusChanged() {
+        function onActiveFocusChanged() {
             left.start();
         }
     }

@@ -102,15 +102,14 @@ FocusScope {
             Accessible.role: Accessible.EditableText
             Accessible.name: root.control.accessibilityLabel
             Accessible.multiLine: true
-            KeyNavigation.priority: KeyNavigation.BeforeItem
-            KeyNavigation.tab: nextItemInFocusChain(true)
-            KeyNavigation.backtab: nextItemInFocusChain(false)
             onTextChanged: {
                 const text = RawText.of(textDocument);
                 if (text !== root.shown(root.control.text))
                     root.control.text = text;
             }
             Keys.onEscapePressed: root.control.endEditing()
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         }
     }
 

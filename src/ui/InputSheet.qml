@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import Lantern
 
 /** The input view of the text input that is being edited, at the window's bottom where a phone has
@@ -29,6 +30,7 @@ FocusScope {
         shownToolbar = Qt.binding(() => root.input?.inputAccessoryView ?? null)
     onVisibleChanged: if (!visible)
         shownView = null
+    Component.onCompleted: Editing.sheet = root
     onCoveredChanged: {
         Editing.sheetHeight = covered;
         if (covered > 0)
@@ -36,7 +38,6 @@ FocusScope {
         else
             keyboard.willHide();
     }
-    onActiveFocusChanged: Editing.sheetHasFocus = activeFocus
     Keys.onEscapePressed: input?.endEditing()
 
     width: parent.width
@@ -74,6 +75,8 @@ FocusScope {
     }
 
     Item {
+        id: start
+
         activeFocusOnTab: true
         onActiveFocusChanged: if (activeFocus)
             Editing.field?.forceActiveFocus(Qt.BacktabFocusReason)
@@ -114,6 +117,7 @@ FocusScope {
             height: childrenRect.height
             focus: true
 
+            // Each takes the focus once it stands here, since the one before it may still be there.
             Repeater {
                 model: root.picker !== null ? [root.picker] : []
 
@@ -121,7 +125,7 @@ FocusScope {
                     required property QtObject modelData
 
                     width: face.width
-                    focus: true
+                    Component.onCompleted: focus = true
                     picker: modelData as ToolkitPickerView
                     text: root.input?.text ?? ""
                 }
@@ -135,7 +139,7 @@ FocusScope {
                     required property QtObject modelData
 
                     width: face.width
-                    focus: true
+                    Component.onCompleted: focus = true
                     picker: modelData as ToolkitDatePicker
                 }
             }
@@ -148,7 +152,7 @@ FocusScope {
                     required property QtObject modelData
 
                     width: face.width
-                    focus: true
+                    Component.onCompleted: focus = true
                     picker: modelData as ToolkitDatePicker
                     alwaysUnfolded: root.dateStyle === ToolkitDatePicker.Inline
                     roomyHeight: root.parent.height * 0.66
@@ -157,9 +161,19 @@ FocusScope {
         }
     }
 
-    Item {
-        activeFocusOnTab: true
+    T.Control {
+        // Out of the window's first control, going back means its last one.
+        function goOn(): void {
+            if (focusReason === Qt.BacktabFocusReason)
+                start.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
+            else
+                Editing.field?.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+        }
+
+        focusPolicy: Qt.TabFocus
+        // A field that begins its editing closes the sheet, which may not happen while the focus
+        // is still on its way here.
         onActiveFocusChanged: if (activeFocus)
-            Editing.field?.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Qt.callLater(goOn)
     }
 }

@@ -123,6 +123,7 @@ FocusScope {
             activeFocusOnTab: true
             focus: true
             Accessible.role: Accessible.Table
+            objectName: root.picker.accessibilityLabel
             Accessible.name: root.picker.accessibilityLabel
             Keys.onLeftPressed: root.go(-1)
             Keys.onRightPressed: root.go(1)
@@ -169,7 +170,8 @@ FocusScope {
                     chosen: root.year === root.picker.year && root.month === root.picker.month
                             && day === root.picker.day
                     ringed: chosen && grid.activeFocus
-                    Accessible.name: text + " " + root.picker.monthNames[root.month - 1]
+                    objectName: text + " " + root.picker.monthNames[root.month - 1]
+                    Accessible.name: objectName
                     onClicked: root.picker.choose(root.year, root.month, day)
                 }
             }

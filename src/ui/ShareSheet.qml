@@ -17,6 +17,7 @@ BottomSheet {
             return;
         }
         titles = activity.activityTitles;
+        (choices.itemAt(0) ?? cancel).focus = true;
         open();
     }
     onClosed: activity?.cancel()
@@ -29,6 +30,8 @@ BottomSheet {
         spacing: Theme.gap
 
         Repeater {
+            id: choices
+
             model: root.titles
 
             SheetButton {
@@ -37,16 +40,16 @@ BottomSheet {
 
                 width: parent?.width ?? 0
                 text: modelData
-                focus: index === 0
                 onClicked: root.activity?.choose(index)
             }
         }
 
         SheetButton {
+            id: cancel
+
             width: parent.width
             text: qsTr("Cancel")
             bold: true
-            focus: root.titles.length === 0
             onClicked: root.close()
         }
     }

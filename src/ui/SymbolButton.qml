@@ -10,6 +10,7 @@ PushButton {
 
     leftPadding: Theme.gap
     rightPadding: Theme.gap
+    implicitHeight: Theme.touchTarget
     objectName: control.accessibilityLabel
     Accessible.name: control.accessibilityLabel
 

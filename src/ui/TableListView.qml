@@ -18,7 +18,7 @@ FocusScope {
     property Item openRow: null
 
     function goTo(row: int): void {
-        list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
+        list.currentIndex = Math.min(Math.max(0, row), list.count - 1);
         list.positionViewAtIndex(list.currentIndex, ListView.Contain);
     }
 

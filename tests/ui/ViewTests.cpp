@@ -1,102 +1,23 @@
-#include "Pilot.h"
+#include "Views.h"
 #include "exchange/ExportViewController.h"
 #include "exchange/ImportViewController.h"
 #include "foundation/FatalError.h"
-#include "platform/FakePlatform.h"
 #include "quotes/AddViewController.h"
 #include "quotes/MasterViewController.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/DocumentPickerViewController.h"
-#include "toolkit/NavigationController.h"
 #include "toolkit/Storyboard.h"
 #include "toolkit/TabBarController.h"
-#include "ui/Program.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QUrl>
 
 #include <gtest/gtest.h>
 
-using namespace std::chrono_literals;
-
 namespace {
-
-QStringList warnings; // of QML and the program, since the test began
-
-void keepWarnings(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
-    if (type != QtInfoMsg && type != QtDebugMsg)
-        warnings.append(message);
-}
-
-/** The whole program in its real window, with a store of its own. These tests wait for
- * animations, and take some seconds for that. */
-class Views : public testing::Test {
-protected:
-    Views() {
-        qInstallMessageHandler(keepWarnings);
-        EXPECT_TRUE(program.launch());
-        pilot.emplace(program.quickWindow());
-        pilot->settle();
-    }
-    ~Views() override {
-        EXPECT_EQ(warnings.join(QLatin1Char('\n')).toStdString(), "");
-        warnings.clear();
-        qInstallMessageHandler(nullptr);
-    }
-
-    ManagedObjectContext& context() {
-        return program.application().persistentContainer().viewContext();
-    }
-
-    void addQuote(const QString& author, const QString& category, const QString& text) {
-        Event& quote = *context().insert<Event>();
-        quote.setAuthor(author);
-        quote.setCategory(category);
-        quote.setSource(QStringLiteral("Source"));
-        quote.setTimestamp(Date(0ms));
-        quote.setQuote(text);
-        quote.setTimestamp(Date(1'600'000'000'000ms));
-        program.application().saveContext();
-    }
-
-    std::size_t quoteCount() { return context().fetch(Event::fetchRequest()).records.size(); }
-
-    /** Opens a screen from the menu. */
-    template <class Controller = ViewController>
-    Controller& open(const char* option) {
-        pilot->tap(QStringLiteral("Menu"));
-        pilot->tap(QLatin1String(option));
-        return top<Controller>();
-    }
-
-    template <class Controller = ViewController>
-    Controller& top() {
-        auto* controller = qobject_cast<Controller*>(program.navigation().topViewController());
-        if (!controller)
-            throw std::runtime_error("another screen is on top");
-        return *controller;
-    }
-
-    QStringList rows(const char* start = "Topic: ") {
-        QStringList names;
-        for (const QQuickItem* row : pilot->findAll(QLatin1String(start)))
-            names.append(row->objectName());
-        return names;
-    }
-
-    QTemporaryDir home;
-    FakePlatform platform;
-    Program program{{home.filePath(QStringLiteral("store")),
-                     home.filePath(QStringLiteral("settings/Lantern.ini"))},
-                    Environment{[] { return Date(1'614'600'000'000ms); }, // 2021-03-01 12:00 UTC
-                                QStringLiteral("en_US"), QStringLiteral("UTC")},
-                    platform};
-    std::optional<Pilot> pilot;
-};
 
 TEST_F(Views, MenuShowsItsOptionsAndWorksByKeyboard) {
     EXPECT_FALSE(pilot->look(QStringLiteral("Import")));
@@ -108,11 +29,9 @@ TEST_F(Views, MenuShowsItsOptionsAndWorksByKeyboard) {
     pilot->tap(QStringLiteral("Menu"));
     EXPECT_FALSE(pilot->look(QStringLiteral("Import")));
 
-    for (int tabs = 0; tabs < 20 && !pilot->hasFocus(QStringLiteral("Menu")); ++tabs)
-        pilot->press(Qt::Key_Tab);
+    pilot->tabTo(QStringLiteral("Menu"));
     pilot->press(Qt::Key_Space);
-    for (int tabs = 0; tabs < 20 && !pilot->hasFocus(QStringLiteral("Quote List")); ++tabs)
-        pilot->press(Qt::Key_Tab);
+    pilot->tabTo(QStringLiteral("Quote List"));
     pilot->press(Qt::Key_Return);
     EXPECT_NO_THROW(top<MasterViewController>());
     pilot->press(Qt::Key_Escape);
@@ -165,6 +84,19 @@ TEST_F(Views, QuoteListSortsSearchesAndShowsTextAsItIs) {
     EXPECT_EQ(rows("Author: ").size(), 1);
     EXPECT_TRUE(pilot->hasFocus(QStringLiteral("Search quotes")));
     EXPECT_TRUE(pilot->look(QStringLiteral("# of Quotes in your search = 1")));
+}
+
+TEST_F(Views, QuoteListWithoutRowsChoosesNone) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("a"), {});
+    open("Quote List");
+    pilot->tap(QStringLiteral("Search quotes"));
+    pilot->type(QStringLiteral("nothing like it"));
+    ASSERT_EQ(rows(), QStringList());
+    pilot->tabTo(QStringLiteral("Rows"));
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_End, Qt::Key_Return, Qt::Key_Delete})
+        pilot->press(key);
+    EXPECT_NO_THROW(top<MasterViewController>());
+    EXPECT_EQ(quoteCount(), 1);
 }
 
 TEST_F(Views, QuoteListDeletesBySwipe) {
@@ -245,8 +177,7 @@ TEST_F(Views, QuoteListDeletesByKey) {
     addQuote(QStringLiteral("Ann"), QStringLiteral("a"), {});
     addQuote(QStringLiteral("Ann"), QStringLiteral("b"), {});
     open("Quote List");
-    for (int tabs = 0; tabs < 20 && !pilot->hasFocus(QStringLiteral("Rows")); ++tabs)
-        pilot->press(Qt::Key_Tab);
+    pilot->tabTo(QStringLiteral("Rows"));
     pilot->press(Qt::Key_Down);
     pilot->press(Qt::Key_Down);
     pilot->press(Qt::Key_Delete);

@@ -107,6 +107,17 @@ void Pilot::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     settle();
 }
 
+void Pilot::tabTo(const QString& name, Qt::Key key) {
+    constexpr int mostControls = 60;
+    for (int tabs = 0; !hasFocus(name); ++tabs) {
+        if (tabs == mostControls)
+            throw std::runtime_error("the keyboard does not come to \"" + name.toStdString() + '"');
+        QTest::keyClick(&m_window, key);
+        QTest::qWait(30); // in which the field that was left ends its editing
+    }
+    settle();
+}
+
 bool Pilot::waitFor(const std::function<bool()>& condition, int timeout) {
     return QTest::qWaitFor(condition, timeout);
 }

@@ -34,6 +34,10 @@ public:
     void drag(QPoint from, QPoint by);
     void type(const QString& text);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    /** Presses Tab until a control has the keyboard. */
+    void tabTo(const QString& name) { tabTo(name, Qt::Key_Tab); }
+    /** The same with Shift+Tab. */
+    void tabBackTo(const QString& name) { tabTo(name, Qt::Key_Backtab); }
 
     /** Lets the event loop turn until this holds; false after the time in milliseconds. */
     static bool waitFor(const std::function<bool()>& condition, int timeout = 2000);
@@ -44,5 +48,7 @@ public:
     void resize(QSize size);
 
 private:
+    void tabTo(const QString& name, Qt::Key key);
+
     QQuickWindow& m_window;
 };
