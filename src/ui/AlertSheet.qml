@@ -22,8 +22,8 @@ T.Popup {
         }
         heading = alert.heading;
         message = alert.message;
+        actions = []; // so that the first of the new buttons has the focus
         actions = alert.actionTitles;
-        choices.itemAt(0).focus = true;
         open();
     }
 
@@ -102,8 +102,6 @@ T.Popup {
         }
 
         Repeater {
-            id: choices
-
             model: root.actions
 
             TextButton {
@@ -113,6 +111,7 @@ T.Popup {
                 width: parent?.width ?? 0
                 text: modelData
                 bold: index === 0
+                focus: index === 0
                 onClicked: root.alert?.choose(index)
             }
         }

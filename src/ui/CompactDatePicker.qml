@@ -6,7 +6,6 @@ FocusScope {
     id: root
 
     required property ToolkitDatePicker picker
-    required property real roomyHeight ///< points; the days shrink when there is less
 
     property bool alwaysUnfolded: false
     property bool unfolded: alwaysUnfolded
@@ -29,21 +28,20 @@ FocusScope {
         id: content
 
         width: parent.width
-        topPadding: Theme.gap
-        spacing: Theme.gap
+        topPadding: root.unfolded ? 0 : Theme.gap
 
         TextButton {
             anchors.horizontalCenter: parent.horizontalCenter
             leftPadding: Theme.margin
             rightPadding: Theme.margin
-            visible: !root.alwaysUnfolded
+            visible: !root.unfolded
             focus: visible
             text: root.picker.day + " " + root.picker.monthNames[root.picker.month - 1] + " "
                   + root.picker.year
             objectName: root.picker.accessibilityLabel
             Accessible.name: root.picker.accessibilityLabel
             Accessible.description: text
-            onClicked: root.unfolded = !root.unfolded
+            onClicked: root.unfolded = true
 
             background: Rectangle {
                 radius: 10
@@ -60,7 +58,6 @@ FocusScope {
             visible: root.unfolded
             focus: root.alwaysUnfolded
             picker: root.picker
-            roomyHeight: root.roomyHeight - Theme.touchTarget
         }
     }
 }

@@ -47,6 +47,13 @@ FocusScope {
         objectName: root.control.accessibilityLabel
         Accessible.role: Accessible.EditableText
         Accessible.name: root.control.accessibilityLabel
+        // A text that is too long for the field shows its beginning, until it is edited.
+        onTextChanged: if (!activeFocus)
+            cursorPosition = 0
+        onActiveFocusChanged: if (!activeFocus)
+            cursorPosition = 0;
+        else if (focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason)
+            cursorPosition = length
         onTextEdited: root.control.text = text
         Keys.onEscapePressed: root.control.endEditing()
         Keys.onReturnPressed: root.control.endEditing()

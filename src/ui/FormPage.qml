@@ -14,15 +14,18 @@ FocusScope {
 
     signal backgroundTapped
 
+    /** Scrolls to the field that the user is in, or whose sheet the user is in. */
     function reveal(): void {
-        let holder = focusedItem;
+        const item = Editing.sheet?.activeFocus ? Editing.field : focusedItem;
+        let holder = item;
         while (holder !== null && holder !== column)
             holder = holder.parent;
-        if (holder === null || focusedItem === column)
+        if (holder === null || item === column)
             return;
-        const top = column.y + focusedItem.mapToItem(column, 0, 0).y - Theme.margin;
-        const bottom = top + focusedItem.height + 2 * Theme.margin;
         const visibleHeight = page.height - Editing.sheetHeight;
+        const margin = Math.max(0, Math.min(Theme.margin, (visibleHeight - item.height) / 2));
+        const top = column.y + item.mapToItem(column, 0, 0).y - margin;
+        const bottom = top + item.height + 2 * margin;
         if (bottom > page.contentY + visibleHeight)
             page.contentY = bottom - visibleHeight;
         if (top < page.contentY)

@@ -155,25 +155,30 @@ FocusScope {
                     Component.onCompleted: focus = true
                     picker: modelData as ToolkitDatePicker
                     alwaysUnfolded: root.dateStyle === ToolkitDatePicker.Inline
-                    roomyHeight: root.parent.height * 0.66
                 }
             }
         }
     }
 
     T.Control {
-        // Out of the window's first control, going back means its last one.
-        function goOn(): void {
-            if (focusReason === Qt.BacktabFocusReason)
+        id: end
+
+        focusPolicy: Qt.TabFocus
+        onActiveFocusChanged: if (activeFocus)
+            goOn.start()
+    }
+
+    // A field that begins its editing closes the sheet, which may not happen while the focus is
+    // still on its way. Out of the window's first control, going back means its last one.
+    Timer {
+        id: goOn
+
+        interval: 0
+        onTriggered: {
+            if (end.focusReason === Qt.BacktabFocusReason)
                 start.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
             else
                 Editing.field?.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
         }
-
-        focusPolicy: Qt.TabFocus
-        // A field that begins its editing closes the sheet, which may not happen while the focus
-        // is still on its way here.
-        onActiveFocusChanged: if (activeFocus)
-            Qt.callLater(goOn)
     }
 }

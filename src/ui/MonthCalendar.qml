@@ -10,15 +10,12 @@ FocusScope {
     id: root
 
     required property ToolkitDatePicker picker
-    required property real roomyHeight ///< points; the days shrink when there is less
 
     property int year: picker.year
     property int month: picker.month
 
     readonly property int firstCell: (picker.weekday(year, month, 1) - picker.firstWeekday + 7) % 7
     readonly property int dayCount: picker.daysInMonth(year, month)
-    readonly property real cellHeight: Math.max(28, Math.min(Theme.touchTarget,
-                                                             (roomyHeight - 120) / 6))
 
     function step(months: int): void {
         const count = Math.max(12, Math.min(year * 12 + month - 1 + months, 9999 * 12 + 11));
@@ -146,7 +143,7 @@ FocusScope {
 
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
-                    Layout.preferredHeight: 24
+                    Layout.preferredHeight: 20
                     text: root.picker.weekdayNames[(root.picker.firstWeekday - 1 + index) % 7]
                     color: Theme.faintInk
                     font.pixelSize: Theme.captionFont
@@ -164,7 +161,7 @@ FocusScope {
 
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
-                    Layout.preferredHeight: root.cellHeight
+                    Layout.preferredHeight: Theme.touchTarget
                     shown: day >= 1 && day <= root.dayCount
                     text: day
                     chosen: root.year === root.picker.year && root.month === root.picker.month

@@ -19,7 +19,7 @@ RowLayout {
 
     PushButton {
         Layout.alignment: Qt.AlignBottom
-        Layout.preferredWidth: 124
+        Layout.preferredWidth: 104
         leftPadding: Theme.gap
         rightPadding: Theme.gap
         control: root.listButton

@@ -16,8 +16,8 @@ BottomSheet {
             close();
             return;
         }
+        titles = []; // so that the first of the new buttons has the focus
         titles = activity.activityTitles;
-        (choices.itemAt(0) ?? cancel).focus = true;
         open();
     }
     onClosed: activity?.cancel()
@@ -30,8 +30,6 @@ BottomSheet {
         spacing: Theme.gap
 
         Repeater {
-            id: choices
-
             model: root.titles
 
             SheetButton {
@@ -40,16 +38,16 @@ BottomSheet {
 
                 width: parent?.width ?? 0
                 text: modelData
+                focus: index === 0
                 onClicked: root.activity?.choose(index)
             }
         }
 
         SheetButton {
-            id: cancel
-
             width: parent.width
             text: qsTr("Cancel")
             bold: true
+            focus: root.titles.length === 0
             onClicked: root.close()
         }
     }

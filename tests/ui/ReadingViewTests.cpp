@@ -152,6 +152,32 @@ TEST_F(ReadingViews, DaysOfCalendarsAreTappedAndTodayIsShown) {
     EXPECT_EQ(shown("Date"), "March 31, 2020");
 }
 
+TEST_F(ReadingViews, SmallestWindowShowsTheFieldAboveRoomyDays) {
+    use("UseDateInline");
+    pilot->resize({320, 480});
+    openDetail();
+    pilot->tap(QStringLiteral("Date"));
+    EXPECT_GE(pilot->find(QStringLiteral("31 March")).height(), 44);
+    const auto top = [&](const char* name) {
+        return pilot->find(QLatin1String(name)).mapToScene({0, 0}).y();
+    };
+    EXPECT_GE(top("Date"), 52); // below the navigation bar
+    EXPECT_LE(top("Date") + 44, top("Done"));
+}
+
+TEST_F(ReadingViews, LongNamesBeginInTheirFields) {
+    addQuote(QStringLiteral("Wolfgang Amadeus Theophilus von und zu Hohenlohe-Schillingsfürst"),
+             QStringLiteral("a"), QStringLiteral("text"));
+    openDetail();
+    QQuickItem& field = pilot->find(QStringLiteral("Author"));
+    EXPECT_EQ(field.property("cursorPosition"), 0);
+    pilot->tabTo(QStringLiteral("Author"));
+    pilot->type(QStringLiteral("!"));
+    EXPECT_TRUE(shown("Author").endsWith(QStringLiteral("fürst!")));
+    pilot->press(Qt::Key_Escape);
+    EXPECT_EQ(field.property("cursorPosition"), 0);
+}
+
 TEST_F(ReadingViews, FullScreenHandsBackWhatWasEdited) {
     openDetail();
     pilot->tap(QStringLiteral("Full Screen"));
