@@ -6,7 +6,7 @@ TableRow {
     id: root
 
     contentItem: Item {
-        implicitHeight: childrenRect.height
+        implicitHeight: children[0]?.implicitHeight ?? 0
 
         Column {
             anchors.verticalCenter: parent.verticalCenter
