@@ -1,10 +1,10 @@
 #include "Breakdown.h"
 
 #include "foundation/FatalError.h"
-#include "names/SortAndSearch.h"
 #include "quotes/ChosenQuote.h"
 #include "quotes/DetailViewController.h"
 #include "shared/CommonLook.h"
+#include "shared/SortAndSearch.h"
 #include "store/ListSearch.h"
 
 #include <QLoggingCategory>

@@ -1,8 +1,8 @@
 #include "NameList.h"
 
 #include "foundation/FatalError.h"
-#include "names/SortAndSearch.h"
 #include "shared/CommonLook.h"
+#include "shared/SortAndSearch.h"
 #include "store/DistinctNames.h"
 #include "store/ListSearch.h"
 #include "store/TextOrder.h"

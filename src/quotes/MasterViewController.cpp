@@ -3,6 +3,7 @@
 #include "foundation/FatalError.h"
 #include "quotes/MasterTableViewCell.h"
 #include "shared/CommonLook.h"
+#include "shared/SortAndSearch.h"
 #include "store/ListSearch.h"
 
 #include <QLoggingCategory>
@@ -54,13 +55,8 @@ void MasterViewController::viewDidLoad() {
     styleTitleSegments(*segment);
     segment->setSelectedIndex(Topic);
     navigationItem()->setTitleView(segment);
-    searchController->searchResultsUpdater = [this](SearchController& controller) {
-        updateSearchResultsForSearchController(controller);
-    };
-    searchController->hidesNavigationBarDuringPresentation = false;
-    searchController->obscuresBackgroundDuringPresentation = false;
-    searchController->searchBar()->setPlaceholder(QStringLiteral("Sorted/Search by Topic"));
-    tableView()->setSearchController(searchController);
+    installSearch(*this, *searchController, QStringLiteral("Sorted/Search by Topic"),
+                  [this](auto& controller) { updateSearchResultsForSearchController(controller); });
     refresh();
 }
 
@@ -78,9 +74,7 @@ void MasterViewController::prepareForSegue(Segue& /*segue*/, QObject* /*sender*/
 }
 
 void MasterViewController::SortButtonTapped() {
-    if (!SortAsc)
-        fatalError(QStringLiteral("The quote list was sorted before it was loaded"));
-    SortAsc = !*SortAsc;
+    reverse(SortAsc);
     refresh();
 }
 
