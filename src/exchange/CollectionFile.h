@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -33,10 +34,10 @@ struct QuoteLine {
 };
 
 /**
- * The quotes of a collection file's text, in file order, without the lines that name no topic.
- * Nothing when no line marks the text as a quote collection.
+ * Hands over the quotes of a collection file's text one after the other, in file order, without the
+ * lines that name no topic. None, and false, when no line marks the text as a quote collection.
  */
-std::optional<std::vector<QuoteLine>> readQuoteLines(const QString& document);
+bool readQuoteLines(const QString& document, const std::function<void(const QuoteLine&)>& use);
 
 /** The names in the topic section of a collection file's text, in file order, repetitions
  * included. Whether the text is a quote collection is left to readQuoteLines. */

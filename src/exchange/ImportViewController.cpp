@@ -89,12 +89,7 @@ void ImportViewController::ImportTextFile() {
 }
 
 void ImportViewController::importQuotes() {
-    const auto lines = readQuoteLines(*document);
-    wrongFile = !lines;
-    if (!lines)
-        return;
-    for (const QuoteLine& line : *lines)
-        importQuote(line);
+    wrongFile = !readQuoteLines(*document, [this](const QuoteLine& line) { importQuote(line); });
 }
 
 void ImportViewController::importQuote(const QuoteLine& line) {

@@ -25,6 +25,8 @@ QString decode(const QByteArray& bytes, QStringConverter::Encoding encoding) {
 /** Text without a byte-order mark is UTF-16 when one byte in twenty or more is zero, all (but the
  * odd one) in the upper halves of its characters. */
 std::optional<QStringConverter::Encoding> utf16Encoding(const QByteArray& bytes) {
+    if (!bytes.contains('\0'))
+        return std::nullopt;
     std::array<qsizetype, 2> zeros{};
     for (qsizetype i = 0; i < bytes.size(); ++i)
         zeros[size_t(i % 2)] += bytes[i] == '\0' ? 1 : 0;
@@ -36,6 +38,8 @@ std::optional<QStringConverter::Encoding> utf16Encoding(const QByteArray& bytes)
 
 /** Whether UTF-8 is a likely reading, even if some of the bytes do not belong to it. */
 bool isMostlyValid(const QString& decodedUtf8) {
+    if (!decodedUtf8.contains(QChar::ReplacementCharacter))
+        return true;
     qsizetype invalid = 0;
     qsizetype valid = 0;
     for (const QChar character : decodedUtf8) {
@@ -44,7 +48,7 @@ bool isMostlyValid(const QString& decodedUtf8) {
         else if (character.unicode() > 0x7F && !character.isLowSurrogate())
             ++valid;
     }
-    return invalid == 0 || valid > 2 * invalid;
+    return valid > 2 * invalid;
 }
 
 bool isAscii(char byte) {

@@ -9,8 +9,16 @@ using std::chrono::sys_days;
 
 namespace {
 
+std::optional<std::vector<QuoteLine>> quotes(const QString& document) {
+    std::vector<QuoteLine> read;
+    const bool isCollection =
+        readQuoteLines(document, [&](const QuoteLine& line) { read.push_back(line); });
+    EXPECT_TRUE(isCollection || read.empty());
+    return isCollection ? std::optional(read) : std::nullopt;
+}
+
 std::optional<std::vector<QuoteLine>> quotes(const char* document) {
-    return readQuoteLines(QString::fromUtf8(document));
+    return quotes(QString::fromUtf8(document));
 }
 
 QuoteLine quote(const char* author, const char* topic, const char* source, const char* date,
@@ -93,11 +101,11 @@ TEST(QuoteLines, EndWithAnyLineEndAndAreNumberedAsAnEditorCounts) {
 TEST(QuoteLines, MayBeVeryLong) {
     constexpr qsizetype many = 3'000'000;
     const QString start = QStringLiteral("[QUOTECOLLECTION]\nA^T^S^^");
-    const auto breaks = readQuoteLines(start + QStringLiteral("@#@").repeated(many));
+    const auto breaks = quotes(start + QStringLiteral("@#@").repeated(many));
     QuoteLine expected = quote("A", "T", "S", "", "", 2);
     expected.quote.fill(u'\n', many);
     EXPECT_TRUE(breaks == std::vector{expected});
-    const auto carets = readQuoteLines(start + QString(many, u'^') + u'\n' + QString(many, u'\''));
+    const auto carets = quotes(start + QString(many, u'^') + u'\n' + QString(many, u'\''));
     EXPECT_EQ(carets, std::vector{quote("A", "T", "S", "", "", 2)});
 }
 
@@ -127,7 +135,8 @@ TEST(ReadDate, TakesDotsOrHyphensAsLocalTime) {
             EXPECT_EQ(read(field), date) << locale << field;
         EXPECT_TRUE(read("2021-03-14 02:30:00 +0000")) << "skipped by daylight saving";
         for (const char* field : {"", " +0000", "2021.03-07 14:05:09", "2021-03-07 14:05:09 +0100",
-                                  "2021-03-07", "2021-02-30 14:05:09 +0000", "yesterday"})
+                                  "2021-03-07", "2021-02-30 14:05:09 +0000", "2021-03-07 24:00:00",
+                                  "0000-03-07 14:05:09", "yesterday"})
             EXPECT_FALSE(read(field)) << locale << field;
     }
 }
