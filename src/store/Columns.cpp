@@ -1,53 +1,36 @@
 #include "store/Columns.h"
 
-#include "store/TextOrder.h"
-
 #include <algorithm>
-#include <array>
 #include <chrono>
-#include <cstring>
 #include <numeric>
 #include <utility>
 
 namespace {
 
-constexpr char separator = '\xff';
-
-QByteArray foldedUtf8(const QByteArray& text) {
-    // QByteArray lowers ASCII alone, many times as quickly.
-    if (std::none_of(text.begin(), text.end(), [](char unit) { return (unit & 0x80) != 0; }))
-        return text.toLower();
-    return folded(QString::fromUtf8(text)).toUtf8();
+template <class ValueOf>
+void sortByValue(std::vector<Row>& rows, bool ascending, const ValueOf& value) {
+    std::stable_sort(rows.begin(), rows.end(), [&](Row left, Row right) {
+        return ascending ? value(left) < value(right) : value(right) < value(left);
+    });
 }
 
-template <class Value>
-void sortByValue(std::vector<Row>& rows, bool ascending, const std::vector<Value>& values) {
-    std::stable_sort(rows.begin(), rows.end(), [&](Row left, Row right) {
-        return ascending ? values[left] < values[right] : values[right] < values[left];
-    });
+QByteArray toUtf8(const QString& text) {
+    return wellFormed(text).toUtf8();
+}
+
+std::string_view viewOf(QByteArrayView text) {
+    return {text.data(), std::size_t(text.size())};
 }
 
 } // namespace
 
-QString wellFormed(const QString& text) {
-    if (text.isValidUtf16())
-        return text;
-    const auto codePoints = text.toUcs4();
-    return QString::fromUcs4(reinterpret_cast<const char32_t*>(codePoints.constData()),
-                             codePoints.size());
-}
-
-QString folded(const QString& text) {
-    return wellFormed(text).toLower();
-}
-
 std::optional<QString> NameColumn::value(Row row) const {
     const auto number = m_values[row];
-    return number == absent ? std::nullopt : std::optional(m_names[number].text);
+    return number == absent ? std::nullopt : std::optional(QString::fromUtf8(m_names[number].text));
 }
 
 bool NameColumn::set(Row row, const std::optional<QString>& text) {
-    return setNumber(row, text ? numberOf(wellFormed(*text)) : absent);
+    return setNumber(row, text ? numberOf(toUtf8(*text)) : absent);
 }
 
 void NameColumn::forget(Row row) {
@@ -59,16 +42,23 @@ void NameColumn::forget(Row row) {
 
 void NameColumn::read(Row row, Statement& statement, int column) {
     const auto text = statement.text(column);
-    setNumber(row, text ? numberOf(QString::fromUtf8(*text)) : absent);
+    if (!text)
+        setNumber(row, absent);
+    else if (text->isValidUtf8())
+        setNumber(row, numberOf(*text));
+    else
+        set(row, QString::fromUtf8(*text));
 }
 
 void NameColumn::bind(Row row, Statement& statement, int parameter) const {
-    const auto text = value(row);
-    statement.bindText(parameter, text ? std::optional(text->toUtf8()) : std::nullopt);
+    const auto number = m_values[row];
+    statement.bindText(parameter, number == absent
+                                      ? std::nullopt
+                                      : std::optional<QByteArrayView>(m_names[number].text));
 }
 
 const std::vector<Row>& NameColumn::rows(const QString& text) const {
-    return m_names[m_numbers.value(wellFormed(text), absent)].rows;
+    return m_names[knownNumber(toUtf8(text))].rows;
 }
 
 QStringList NameColumn::distinct(const std::vector<Row>& rows) const {
@@ -86,23 +76,17 @@ QStringList NameColumn::distinct(const std::vector<Row>& rows) const {
 }
 
 RowTest NameColumn::equalTo(const std::variant<QString, Date>& value) const {
-    const auto wanted = m_numbers.value(wellFormed(std::get<QString>(value)), absent);
+    const auto wanted = knownNumber(toUtf8(std::get<QString>(value)));
     return [this, wanted](Row row) { return wanted != absent && m_values[row] == wanted; };
 }
 
 RowTest NameColumn::containing(const QString& searchText) const {
-    std::vector<std::optional<bool>> answers(m_names.size());
-    answers[absent] = false;
-    return [this, searchText, answers = std::move(answers)](Row row) mutable {
-        auto& answer = answers[m_values[row]];
-        if (!answer) {
-            const Name& name = m_names[m_values[row]];
-            if (!name.folded)
-                name.folded = folded(name.text);
-            answer = !name.folded->isEmpty() && name.folded->contains(searchText);
-        }
-        return *answer;
-    };
+    while (m_folded.count() < m_names.size())
+        m_folded.append(m_names[m_folded.count()].text);
+    std::vector<bool> answers(m_names.size());
+    for (const auto number : m_folded.containing(searchText.toUtf8()))
+        answers[number] = true;
+    return [this, answers = std::move(answers)](Row row) { return answers[m_values[row]]; };
 }
 
 // Counts and places the rows by the rank of their text, so that no texts are compared; a few rows
@@ -129,13 +113,18 @@ void NameColumn::sort(std::vector<Row>& rows, bool ascending) const {
     rows = std::move(sorted);
 }
 
-std::uint32_t NameColumn::numberOf(const QString& text) {
-    auto& number = m_numbers[text];
-    if (number == absent) {
-        number = std::uint32_t(m_names.size());
-        m_names.push_back({text, {}, {}});
-    }
+std::uint32_t NameColumn::numberOf(QByteArrayView text) {
+    if (const auto known = knownNumber(text); known != absent)
+        return known;
+    const auto number = std::uint32_t(m_names.size());
+    m_names.push_back({text.toByteArray(), {}});
+    m_numbers.emplace(viewOf(m_names.back().text), number);
     return number;
+}
+
+std::uint32_t NameColumn::knownNumber(QByteArrayView text) const {
+    const auto place = m_numbers.find(viewOf(text));
+    return place == m_numbers.end() ? absent : place->second;
 }
 
 bool NameColumn::setNumber(Row row, std::uint32_t number) {
@@ -154,7 +143,7 @@ void NameColumn::updateRanks() const {
     if (m_ranks.size() == m_names.size())
         return;
     const auto precedes = [this](std::uint32_t left, std::uint32_t right) {
-        return compareByCodePoint(m_names[left].text, m_names[right].text) < 0;
+        return m_names[left].text < m_names[right].text;
     };
     const auto known = std::ptrdiff_t(m_order.size());
     m_order.resize(m_names.size() - 1);
@@ -168,82 +157,86 @@ void NameColumn::updateRanks() const {
 }
 
 std::optional<QString> TextColumn::value(Row row) const {
-    const auto& text = m_texts[row];
+    const auto text = bytes(row);
     return text ? std::optional(QString::fromUtf8(*text)) : std::nullopt;
 }
 
 bool TextColumn::set(Row row, const std::optional<QString>& text) {
-    return setBytes(row, text ? std::optional(wellFormed(*text).toUtf8()) : std::nullopt);
+    if (!text)
+        return setBytes(row, std::nullopt);
+    return setBytes(row, toUtf8(*text));
 }
 
 void TextColumn::read(Row row, Statement& statement, int column) {
-    const auto text = statement.text(column);
-    setBytes(row, text ? std::optional(text->toByteArray()) : std::nullopt);
+    setBytes(row, statement.text(column));
 }
 
 void TextColumn::bind(Row row, Statement& statement, int parameter) const {
-    statement.bindText(parameter, m_texts[row]);
+    statement.bindText(parameter, bytes(row));
 }
 
 RowTest TextColumn::equalTo(const std::variant<QString, Date>& value) const {
-    return [this, wanted = wellFormed(std::get<QString>(value)).toUtf8()](Row row) {
-        return m_texts[row] == wanted;
+    return [this, wanted = toUtf8(std::get<QString>(value))](Row row) {
+        return bytes(row) == QByteArrayView(wanted);
     };
 }
 
 RowTest TextColumn::containing(const QString& searchText) const {
-    if (searchText.isEmpty()) {
-        return [this](Row row) {
-            const auto& text = m_texts[row];
-            return text && !text->isEmpty();
-        };
+    if (m_folded.count() == 0 || m_changed.size() > 64 + m_places.size() / 64) {
+        m_folded.clear();
+        m_changed.clear();
+        for (Row row = 0; row < m_places.size(); ++row)
+            m_folded.append(bytes(row).value_or(QByteArrayView()));
     }
-    if (m_starts.empty() || m_changed.size() > 64 + m_texts.size() / 64)
-        foldAll();
-    std::vector<bool> answers(m_texts.size());
     const QByteArray wanted = searchText.toUtf8();
-    const char* const end = m_folded.constData() + m_folded.size();
-    const char* place = m_folded.constData();
-    for (Row row = 0; true; ++row) {
-        place = static_cast<const char*>(memmem(place, std::size_t(end - place), wanted.constData(),
-                                                std::size_t(wanted.size())));
-        if (place == nullptr)
-            break;
-        while (m_starts[row + 1] <= place - m_folded.constData())
-            ++row;
+    std::vector<bool> answers(m_places.size());
+    for (const Row row : m_folded.containing(wanted))
         answers[row] = true;
-        place = m_folded.constData() + m_starts[row + 1];
-    }
     for (const Row row : m_changed) {
-        const auto& text = m_texts[row];
-        answers[row] = text && foldedUtf8(*text).contains(wanted);
+        FoldedTexts changed;
+        changed.append(bytes(row).value_or(QByteArrayView()));
+        answers[row] = !changed.containing(wanted).empty();
     }
     return [answers = std::move(answers)](Row row) { return answers[row]; };
 }
 
 void TextColumn::sort(std::vector<Row>& rows, bool ascending) const {
-    sortByValue(rows, ascending, m_texts);
+    sortByValue(rows, ascending, [this](Row row) { return bytes(row); });
 }
 
-bool TextColumn::setBytes(Row row, std::optional<QByteArray> text) {
-    if (m_texts[row] == text)
+std::optional<QByteArrayView> TextColumn::bytes(Row row) const {
+    const Place place = m_places[row];
+    return place.size < 0 ? std::nullopt
+                          : std::optional(QByteArrayView(m_bytes).sliced(place.start, place.size));
+}
+
+bool TextColumn::setBytes(Row row, std::optional<QByteArrayView> text) {
+    if (bytes(row) == text)
         return false;
-    m_texts[row] = std::move(text);
-    if (!m_starts.empty())
+    m_replacedSize += std::max<qsizetype>(m_places[row].size, 0);
+    m_places[row] = Place();
+    if (text) {
+        m_places[row] = {m_bytes.size(), text->size()};
+        m_bytes += *text;
+    }
+    if (m_replacedSize > m_bytes.size() / 2)
+        tidy();
+    if (m_folded.count() > 0)
         m_changed.push_back(row);
     return true;
 }
 
-void TextColumn::foldAll() const {
-    m_folded.clear();
-    m_starts.assign(1, 0);
-    m_changed.clear();
-    for (const auto& text : m_texts) {
-        if (text)
-            m_folded += foldedUtf8(*text);
-        m_folded += separator;
-        m_starts.push_back(m_folded.size());
+void TextColumn::tidy() {
+    QByteArray tidied;
+    tidied.reserve(m_bytes.size() - m_replacedSize);
+    for (auto& [start, size] : m_places) {
+        const qsizetype place = tidied.size();
+        if (size > 0)
+            tidied += QByteArrayView(m_bytes).sliced(start, size);
+        start = place;
     }
+    m_bytes = tidied;
+    m_replacedSize = 0;
 }
 
 bool DateColumn::set(Row row, std::optional<Date> date) {
@@ -267,5 +260,5 @@ RowTest DateColumn::equalTo(const std::variant<QString, Date>& value) const {
 }
 
 void DateColumn::sort(std::vector<Row>& rows, bool ascending) const {
-    sortByValue(rows, ascending, m_dates);
+    sortByValue(rows, ascending, [this](Row row) { return m_dates[row]; });
 }

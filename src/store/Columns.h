@@ -2,9 +2,10 @@
 
 #include "foundation/Date.h"
 #include "store/Connection.h"
+#include "store/FoldedTexts.h"
 
 #include <QByteArray>
-#include <QHash>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
@@ -12,6 +13,8 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string_view>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -19,13 +22,7 @@
 using Row = std::uint32_t;
 using RowTest = std::function<bool(Row)>;
 
-/** A text as UTF-8 can hold it: a surrogate without its other half becomes U+FFFD. */
-QString wellFormed(const QString& text);
-
-/** A text as the list search compares it. */
-QString folded(const QString& text);
-
-/** Texts that many records share: each distinct text is kept once, with its records. */
+/** Texts that many records share: each distinct text is kept once, in UTF-8, with its records. */
 class NameColumn {
 public:
     void resize(std::size_t rows) { m_values.resize(rows); }
@@ -48,19 +45,21 @@ public:
 
 private:
     struct Name {
-        QString text;
+        QByteArray text;
         std::vector<Row> rows;
-        mutable std::optional<QString> folded;
     };
     static constexpr std::uint32_t absent = 0;
 
-    std::uint32_t numberOf(const QString& text);
+    std::uint32_t numberOf(QByteArrayView text);
+    /** Absent where no row has had the text. */
+    std::uint32_t knownNumber(QByteArrayView text) const;
     bool setNumber(Row row, std::uint32_t number);
     void updateRanks() const;
 
     std::vector<Name> m_names{Name{}}; // by number; the first stands for an absent value
-    QHash<QString, std::uint32_t> m_numbers;
-    std::vector<std::uint32_t> m_values;        // by row
+    std::unordered_map<std::string_view, std::uint32_t> m_numbers; // by the texts of m_names
+    std::vector<std::uint32_t> m_values;                           // by row
+    mutable FoldedTexts m_folded;               // by number, short of the newest names
     mutable std::vector<std::uint32_t> m_order; // numbers in text order, short of the newest names
     mutable std::vector<std::uint32_t> m_ranks; // by number, short of the newest names
 };
@@ -68,7 +67,7 @@ private:
 /** Long texts of one record each, in UTF-8. */
 class TextColumn {
 public:
-    void resize(std::size_t rows) { m_texts.resize(rows); }
+    void resize(std::size_t rows) { m_places.resize(rows); }
     std::optional<QString> value(Row row) const;
     bool set(Row row, const std::optional<QString>& text);
     void forget(Row /*row*/) {}
@@ -80,14 +79,20 @@ public:
     void sort(std::vector<Row>& rows, bool ascending) const;
 
 private:
-    bool setBytes(Row row, std::optional<QByteArray> text);
-    void foldAll() const;
+    struct Place {
+        qsizetype start = 0;
+        qsizetype size = -1; // of an absent text
+    };
 
-    std::vector<std::optional<QByteArray>> m_texts;
-    // All folded texts, each followed by a byte that UTF-8 never has; made by the first search.
-    mutable QByteArray m_folded;
-    mutable std::vector<qsizetype> m_starts; // of the rows that were folded, and the end
-    mutable std::vector<Row> m_changed;      // since then
+    std::optional<QByteArrayView> bytes(Row row) const;
+    bool setBytes(Row row, std::optional<QByteArrayView> text);
+    void tidy();
+
+    QByteArray m_bytes; // all texts, and those that others have replaced
+    qsizetype m_replacedSize = 0;
+    std::vector<Place> m_places;        // by row
+    mutable FoldedTexts m_folded;       // by row; made by the first search
+    mutable std::vector<Row> m_changed; // since then
 };
 
 /** Moments in time. */

@@ -64,10 +64,11 @@ std::optional<Statement> Statement::prepare(sqlite3* database, const QByteArray&
     return statement;
 }
 
-void Statement::bindText(int parameter, const std::optional<QByteArray>& text) {
-    noteBinding(text ? sqlite3_bind_text64(m_statement.get(), parameter + 1, text->constData(),
-                                           sqlite3_uint64(text->size()), SQLITE_TRANSIENT,
-                                           SQLITE_UTF8)
+void Statement::bindText(int parameter, std::optional<QByteArrayView> text) {
+    // SQLite takes a null address for NULL.
+    noteBinding(text ? sqlite3_bind_text64(m_statement.get(), parameter + 1,
+                                           text->isEmpty() ? "" : text->data(),
+                                           sqlite3_uint64(text->size()), SQLITE_STATIC, SQLITE_UTF8)
                      : sqlite3_bind_null(m_statement.get(), parameter + 1));
 }
 

@@ -23,8 +23,9 @@ public:
     /** Null when the text does not fit the database. */
     static std::optional<Statement> prepare(sqlite3* database, const QByteArray& sql);
 
-    /** A value that cannot be bound, such as a text over SQLite's limit, fails the next step. */
-    void bindText(int parameter, const std::optional<QByteArray>& text);
+    /** A value that cannot be bound, such as a text over SQLite's limit, fails the next step. The
+     * bytes must stay as they are until then. */
+    void bindText(int parameter, std::optional<QByteArrayView> text);
     void bindInteger(int parameter, std::optional<std::int64_t> value);
 
     /** SQLITE_ROW, SQLITE_DONE or an error code. */

@@ -88,6 +88,8 @@ std::vector<Row> EntityTable::rows(const std::vector<AttributeOrder>& order,
         }
     }
     std::vector<Row> result;
+    if (candidates != nullptr && candidates->empty())
+        return result;
     if (candidates != nullptr) {
         result = *candidates;
     } else {

@@ -1,6 +1,9 @@
 #include "store/ListSearch.h"
 
 #include "StoreFixture.h"
+#include "store/FoldedTexts.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -57,6 +60,43 @@ TEST_F(ListSearchTest, LowersTheWholeOfUnicodeAndStripsNoAccents) {
     EXPECT_EQ(found(list, QString(QChar(u'\0')) + u'b'), std::vector{withNul});
 }
 
+// Texts of one, two, three and four bytes a character are lowered by ways of their own.
+TEST_F(ListSearchTest, LowersEachCharacterAsTheWholeTextIsLowered) {
+    FoldedTexts texts;
+    std::vector<QByteArray> expected;
+    for (char32_t character = 1; character < 0x11000; ++character) {
+        if (QChar::isSurrogate(character))
+            continue;
+        const QString text = QString::fromUcs4(&character, 1);
+        texts.append(text.toUtf8());
+        expected.push_back(text.toLower().toUtf8());
+    }
+    for (const char* malformed : {"\x80", "\xa2\x80", "\xc1\x81", "\xc3", "\xc3Z", "\xe2\x82",
+                                  "\xe0\x83\x89", "\xed\xa0\x80", "\xf0\x90\x90\x80Z"}) {
+        texts.append(malformed);
+        expected.push_back(QString::fromUtf8(malformed).toLower().toUtf8());
+    }
+    ASSERT_EQ(texts.count(), expected.size());
+    for (std::size_t place = 0; place < expected.size(); ++place)
+        EXPECT_EQ(texts.text(place), expected[place]) << place;
+}
+
+TEST_F(ListSearchTest, NarrowsAndWidensAsTheTextGrowsAndShrinks) {
+    auto* love = insert(QStringLiteral("All you need is LOVE"));
+    auto* glove = insert(QStringLiteral("Glove"));
+    auto* low = insert(QStringLiteral("low"));
+    const std::vector<Event*> list{low, glove, love};
+    EXPECT_EQ(found(list, QStringLiteral("lo")), list);
+    EXPECT_EQ(found(list, QStringLiteral("lov")), (std::vector{glove, love}));
+    EXPECT_EQ(found(list, QStringLiteral("glov")), std::vector{glove}) << "longer at its start";
+    EXPECT_EQ(found(list, QStringLiteral("lov")), (std::vector{glove, love}));
+    low->setQuote(QStringLiteral("Lovely"));
+    low->setAuthor(QStringLiteral("Lovely"));
+    EXPECT_EQ(found(list, QStringLiteral("love")), list) << "after a change";
+    EXPECT_EQ(found({love}, QStringLiteral("love")), std::vector{love});
+    EXPECT_EQ(found(list, QStringLiteral("lovel")), std::vector{low}) << "after another list";
+}
+
 TEST_F(ListSearchTest, FollowsChangesAfterTheFirstSearch) {
     std::vector<Event*> list;
     list.reserve(301);
@@ -74,6 +114,9 @@ TEST_F(ListSearchTest, FollowsChangesAfterTheFirstSearch) {
     }
     EXPECT_EQ(found(list, QStringLiteral("changed")), list);
     EXPECT_TRUE(found(list, QStringLiteral("number")).empty());
+    EXPECT_TRUE(std::all_of(list.begin(), list.end(), [](const Event* event) {
+        return event->quote() == QStringLiteral("Changed");
+    }));
 
     context().deleteObject(*list[0]);
     EXPECT_EQ(found(list, QStringLiteral("changed")), list) << "the list still shows it";
