@@ -1,7 +1,11 @@
 #include "store/Columns.h"
 
+#include <QtEndian>
+
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -18,15 +22,11 @@ QByteArray toUtf8(const QString& text) {
     return wellFormed(text).toUtf8();
 }
 
-std::string_view viewOf(QByteArrayView text) {
-    return {text.data(), std::size_t(text.size())};
-}
-
 } // namespace
 
 std::optional<QString> NameColumn::value(Row row) const {
     const auto number = m_values[row];
-    return number == absent ? std::nullopt : std::optional(QString::fromUtf8(m_names[number].text));
+    return number == absent ? std::nullopt : std::optional(QString::fromUtf8(m_names[number]));
 }
 
 bool NameColumn::set(Row row, const std::optional<QString>& text) {
@@ -34,7 +34,22 @@ bool NameColumn::set(Row row, const std::optional<QString>& text) {
 }
 
 void NameColumn::forget(Row row) {
-    auto& rows = m_names[m_values[row]].rows;
+    index();
+    unindex(row);
+}
+
+void NameColumn::index() const {
+    if (!m_rows.empty())
+        return;
+    m_rows.resize(m_names.size());
+    for (Row row = 0; row < m_values.size(); ++row) {
+        if (m_values[row] != absent)
+            m_rows[m_values[row]].push_back(row);
+    }
+}
+
+void NameColumn::unindex(Row row) {
+    auto& rows = m_rows[m_values[row]];
     const auto place = std::lower_bound(rows.begin(), rows.end(), row);
     if (place != rows.end() && *place == row)
         rows.erase(place);
@@ -42,8 +57,12 @@ void NameColumn::forget(Row row) {
 
 void NameColumn::read(Row row, Statement& statement, int column) {
     const auto text = statement.text(column);
+    // Neighbours often share a name.
+    const auto before = row == 0 ? absent : m_values[row - 1];
     if (!text)
         setNumber(row, absent);
+    else if (before != absent && m_names[before] == *text)
+        setNumber(row, before);
     else if (text->isValidUtf8())
         setNumber(row, numberOf(*text));
     else
@@ -54,11 +73,12 @@ void NameColumn::bind(Row row, Statement& statement, int parameter) const {
     const auto number = m_values[row];
     statement.bindText(parameter, number == absent
                                       ? std::nullopt
-                                      : std::optional<QByteArrayView>(m_names[number].text));
+                                      : std::optional<QByteArrayView>(m_names[number]));
 }
 
 const std::vector<Row>& NameColumn::rows(const QString& text) const {
-    return m_names[knownNumber(toUtf8(text))].rows;
+    index();
+    return m_rows[knownNumber(toUtf8(text))];
 }
 
 QStringList NameColumn::distinct(const std::vector<Row>& rows) const {
@@ -82,7 +102,7 @@ RowTest NameColumn::equalTo(const std::variant<QString, Date>& value) const {
 
 RowTest NameColumn::containing(const QString& searchText) const {
     while (m_folded.count() < m_names.size())
-        m_folded.append(m_names[m_folded.count()].text);
+        m_folded.append(m_names[m_folded.count()]);
     std::vector<bool> answers(m_names.size());
     for (const auto number : m_folded.containing(searchText.toUtf8()))
         answers[number] = true;
@@ -117,23 +137,27 @@ std::uint32_t NameColumn::numberOf(QByteArrayView text) {
     if (const auto known = knownNumber(text); known != absent)
         return known;
     const auto number = std::uint32_t(m_names.size());
-    m_names.push_back({text.toByteArray(), {}});
-    m_numbers.emplace(viewOf(m_names.back().text), number);
+    auto* const bytes = static_cast<char*>(m_texts->allocate(std::size_t(text.size()), 1));
+    std::copy(text.begin(), text.end(), bytes);
+    m_names.emplace_back(bytes, text.size());
+    if (!m_rows.empty())
+        m_rows.emplace_back();
+    m_numbers.insert(m_names.back(), number);
     return number;
 }
 
 std::uint32_t NameColumn::knownNumber(QByteArrayView text) const {
-    const auto place = m_numbers.find(viewOf(text));
-    return place == m_numbers.end() ? absent : place->second;
+    return m_numbers.value(text, absent);
 }
 
 bool NameColumn::setNumber(Row row, std::uint32_t number) {
     if (m_values[row] == number)
         return false;
-    forget(row);
+    if (!m_rows.empty())
+        unindex(row);
     m_values[row] = number;
-    if (number != absent) {
-        auto& rows = m_names[number].rows;
+    if (!m_rows.empty() && number != absent) {
+        auto& rows = m_rows[number];
         rows.insert(std::lower_bound(rows.begin(), rows.end(), row), row);
     }
     return true;
@@ -142,15 +166,30 @@ bool NameColumn::setNumber(Row row, std::uint32_t number) {
 void NameColumn::updateRanks() const {
     if (m_ranks.size() == m_names.size())
         return;
-    const auto precedes = [this](std::uint32_t left, std::uint32_t right) {
-        return m_names[left].text < m_names[right].text;
+    // Most comparisons need no more than the first eight bytes.
+    struct Newest {
+        quint64 beginning;
+        std::uint32_t number;
     };
+    std::vector<Newest> newest;
+    newest.reserve(m_names.size() - 1 - m_order.size());
+    for (auto number = std::uint32_t(m_order.size() + 1); number < m_names.size(); ++number) {
+        const QByteArrayView text = m_names[number];
+        std::array<char, sizeof(quint64)> beginning{};
+        std::copy_n(text.begin(), std::min<qsizetype>(text.size(), beginning.size()),
+                    beginning.begin());
+        newest.push_back({qFromBigEndian<quint64>(beginning.data()), number});
+    }
+    std::sort(newest.begin(), newest.end(), [this](const Newest& left, const Newest& right) {
+        return left.beginning != right.beginning ? left.beginning < right.beginning
+                                                 : m_names[left.number] < m_names[right.number];
+    });
     const auto known = std::ptrdiff_t(m_order.size());
-    m_order.resize(m_names.size() - 1);
-    const auto newest = m_order.begin() + known;
-    std::iota(newest, m_order.end(), std::uint32_t(known + 1));
-    std::sort(newest, m_order.end(), precedes);
-    std::inplace_merge(m_order.begin(), newest, m_order.end(), precedes);
+    std::transform(newest.begin(), newest.end(), std::back_inserter(m_order),
+                   [](const Newest& name) { return name.number; });
+    std::inplace_merge(
+        m_order.begin(), m_order.begin() + known, m_order.end(),
+        [this](std::uint32_t left, std::uint32_t right) { return m_names[left] < m_names[right]; });
     m_ranks.assign(m_names.size(), 0);
     for (std::size_t i = 0; i < m_order.size(); ++i)
         m_ranks[m_order[i]] = std::uint32_t(i + 1);

@@ -6,15 +6,16 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
+#include <memory_resource>
 #include <optional>
-#include <string_view>
-#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -44,22 +45,25 @@ public:
     void sort(std::vector<Row>& rows, bool ascending) const;
 
 private:
-    struct Name {
-        QByteArray text;
-        std::vector<Row> rows;
-    };
     static constexpr std::uint32_t absent = 0;
 
     std::uint32_t numberOf(QByteArrayView text);
     /** Absent where no row has had the text. */
     std::uint32_t knownNumber(QByteArrayView text) const;
     bool setNumber(Row row, std::uint32_t number);
+    /** Makes the index of rows by name where there is none yet; no row was deleted until then. */
+    void index() const;
+    void unindex(Row row);
     void updateRanks() const;
 
-    std::vector<Name> m_names{Name{}}; // by number; the first stands for an absent value
-    std::unordered_map<std::string_view, std::uint32_t> m_numbers; // by the texts of m_names
-    std::vector<std::uint32_t> m_values;                           // by row
-    mutable FoldedTexts m_folded;               // by number, short of the newest names
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> m_texts =
+        std::make_unique<std::pmr::monotonic_buffer_resource>();
+    // By number; the first stands for an absent value.
+    std::vector<QByteArrayView> m_names{QByteArrayView()};
+    QHash<QByteArrayView, std::uint32_t> m_numbers; // by the texts of m_names
+    std::vector<std::uint32_t> m_values;            // by row
+    mutable std::vector<std::vector<Row>> m_rows;   // by number; made by the first question
+    mutable FoldedTexts m_folded;                   // by number, short of the newest names
     mutable std::vector<std::uint32_t> m_order; // numbers in text order, short of the newest names
     mutable std::vector<std::uint32_t> m_ranks; // by number, short of the newest names
 };
