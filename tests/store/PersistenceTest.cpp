@@ -168,16 +168,16 @@ TEST_F(PersistenceTest, RefusesPathsThatLeadToNoFile) {
 TEST_F(PersistenceTest, ReportsDamageWhenItReads) {
     {
         const auto container = open();
-        for (int i = 0; i < 100; ++i)
+        for (int i = 0; i < 1000; ++i)
             insertTopic(container->viewContext(), QString(1000, u'x'));
         save(container->viewContext());
     }
     QFile file(path());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    ASSERT_GT(file.size(), 20 * 4096);
+    ASSERT_GT(file.size(), 1'000'000);
     // Neither the schema nor the last record, which opening reads, but some between.
-    file.seek(qint64(8) * 4096);
-    file.write(QByteArray(8192, '\x55'));
+    file.seek(file.size() / 2);
+    file.write(QByteArray(100'000, '\x55'));
     file.close();
     const auto container = open();
     const auto result = container->viewContext().fetch(Topics::fetchRequest());
