@@ -180,6 +180,9 @@ std::optional<StoreError> StoreConnection::openDatabase() {
     if (!startLog())
         return error(QLatin1String(opened));
     execute("PRAGMA synchronous = FULL");
+    // As many pages as the log may keep when it starts anew: syncing a file that grows takes
+    // longer.
+    execute("PRAGMA wal_autocheckpoint = 250");
     execute("PRAGMA journal_size_limit = 4194304");
     sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return std::nullopt;
