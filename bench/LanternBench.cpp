@@ -2,20 +2,26 @@
 #include "exchange/ImportViewController.h"
 #include "platform/FakePlatform.h"
 #include "quotes/MasterViewController.h"
+#include "store/FoldedTexts.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <sqlite3.h>
 #include <string>
+#include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -60,6 +66,8 @@ QByteArray sample(const QByteArray& collection, qsizetype count) {
     const qsizetype total = end - begin;
     if (begin == 0 || total < count)
         fail(QStringLiteral("the collection has fewer than %1 quotes").arg(count));
+    if (total == count)
+        return collection;
     QByteArrayList sampled{lines[begin - 1]};
     for (qsizetype i = 0; i < count; ++i)
         sampled.append(lines[begin + i * total / count]);
@@ -140,20 +148,34 @@ public:
     MasterViewController list;
 };
 
-/** From nothing in memory to the list sorted by topic. */
+/** From nothing in memory to the list sorted by topic, with the rows of a first screen. */
 void open(benchmark::State& state, const Input& input) {
+    constexpr int rowsOfAScreen = 12;
     for ([[maybe_unused]] auto _ : state) {
         auto list = std::make_unique<OpenList>(input, 0);
+        list->list.viewWillAppear();
+        for (int row = 0; row < std::min(rowsOfAScreen, int(input.count)); ++row)
+            list->list.tableView()->beginDisplaying(row);
         state.PauseTiming();
         list.reset();
         state.ResumeTiming();
     }
 }
 
+/** The direction changed, there and back in turn. */
 void refresh(benchmark::State& state, const Input& input, int segment) {
     OpenList open(input, segment);
     for ([[maybe_unused]] auto _ : state)
-        open.list.viewWillAppear();
+        open.list.SortButtonTapped();
+    expectQuotes(open.list.QuoteList.size(), input.count);
+}
+
+/** The segment changed, from topic to author and back in turn. */
+void segmentChange(benchmark::State& state, const Input& input) {
+    OpenList open(input, 0);
+    int changes = 0;
+    for ([[maybe_unused]] auto _ : state)
+        open.list.segment->choose(++changes % 2);
     expectQuotes(open.list.QuoteList.size(), input.count);
 }
 
@@ -167,6 +189,41 @@ void keystroke(benchmark::State& state, const Input& input, int segment) {
         open.search(texts[keystrokes++ % 2]);
     open.search(texts[1]);
     state.counters["found"] = double(open.list.FilteredQuoteList.size());
+}
+
+/** A letter more, or the letter before it, each after a search for something else. */
+void growingSearch(benchmark::State& state, const Input& input, bool isLonger) {
+    OpenList open(input, quoteSegment);
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        open.search(QStringLiteral("x"));
+        if (isLonger)
+            open.search(QStringLiteral("lov"));
+        state.ResumeTiming();
+        open.search(isLonger ? QStringLiteral("love") : QStringLiteral("lov"));
+    }
+}
+
+/** A peer of keystroke: memmem through the lower-case texts of all quotes in one buffer. */
+void memmemSearch(benchmark::State& state, const Input& input) {
+    QByteArray texts;
+    {
+        Application application(input.storeFolder);
+        for (const Event* quote : application.context().fetch(Event::fetchRequest()).records)
+            texts += folded(quote->quote().value_or(QString())).toUtf8() + '\0';
+    }
+    const std::string_view wanted = "love";
+    for ([[maybe_unused]] auto _ : state) {
+        std::size_t found = 0;
+        const char* place = texts.constData();
+        const char* const end = place + texts.size();
+        while ((place = static_cast<const char*>(
+                    memmem(place, std::size_t(end - place), wanted.data(), wanted.size())))) {
+            ++found;
+            place = static_cast<const char*>(memchr(place, '\0', std::size_t(end - place)));
+        }
+        state.counters["found"] = double(found);
+    }
 }
 
 /** The first search since the store was opened, which prepares those that follow. */
@@ -206,27 +263,150 @@ void importAgain(benchmark::State& state, const Input& input) {
     expectQuotesInStore(application, input.count);
 }
 
-/** A peer of refresh: SQLite sorts the same store, with nothing read from the rows. */
-void sqliteSelect(benchmark::State& state, const Input& input, const Segment& segment) {
+/** A copy of the store, which a benchmark may change. */
+class StoreCopy {
+public:
+    explicit StoreCopy(const Input& input)
+        : m_folder(input.folder + QStringLiteral("/copy")) {
+        if (!QFile::copy(input.storeFolder + QStringLiteral("/Lantern.sqlite"),
+                         folder() + QStringLiteral("/Lantern.sqlite")))
+            fail(QStringLiteral("the store cannot be copied"));
+    }
+
+    QString folder() const { return m_folder.path(); }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/** The author with the most quotes. */
+QString busiestAuthor(const std::vector<Event*>& quotes) {
+    QHash<QString, int> counts;
+    for (const Event* quote : quotes)
+        ++counts[quote->author().value_or(QString())];
+    return std::max_element(counts.keyValueBegin(), counts.keyValueEnd(),
+                            [](const auto& left, const auto& right) {
+                                return std::tie(left.second, right.first) <
+                                       std::tie(right.second, left.first);
+                            })
+        ->first;
+}
+
+/** What the list of one author's quotes fetches. */
+void breakdown(benchmark::State& state, const Input& input) {
+    Application application(input.storeFolder);
+    auto request = Event::fetchRequest();
+    request.predicate = Event::Keys::author ==
+                        busiestAuthor(application.context().fetch(Event::fetchRequest()).records);
+    request.sortDescriptors = {{Event::Keys::category, true}, {Event::Keys::source, true}};
+    for ([[maybe_unused]] auto _ : state)
+        state.counters["found"] = double(application.context().fetch(request).records.size());
+}
+
+/** One quote more, on disk. */
+void save(benchmark::State& state, const Input& input) {
+    const StoreCopy copy(input);
+    Application application(copy.folder());
+    expectQuotesInStore(application, input.count);
+    for ([[maybe_unused]] auto _ : state) {
+        auto* quote = application.context().insert<Event>();
+        quote->setQuote(QStringLiteral("All things pass."));
+        quote->setAuthor(QStringLiteral("Anonymous"));
+        quote->setSource(QStringLiteral("Proverbs"));
+        quote->setCategory(QStringLiteral("Life"));
+        quote->setTimestamp(Date(1'614'600'000'000ms));
+        application.delegate.saveContext();
+    }
+    expectQuotesInStore(application, input.count + state.iterations());
+}
+
+/** SQLite in process, for the peers. */
+class Database {
+public:
+    explicit Database(const QString& storeFolder) {
+        sqlite3* database = nullptr;
+        const int code = sqlite3_open(
+            QFile::encodeName(storeFolder + QStringLiteral("/Lantern.sqlite")), &database);
+        m_database.reset(database);
+        if (code != SQLITE_OK)
+            failed();
+    }
+
+    void execute(const char* sql) {
+        if (sqlite3_exec(m_database.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+            failed();
+    }
+
+    void prepare(const std::string& sql) {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(m_database.get(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
+            failed();
+        m_statement.reset(statement);
+    }
+
+    void bind(const QString& text) {
+        sqlite3_bind_text(m_statement.get(), 1, text.toUtf8().constData(), -1, SQLITE_TRANSIENT);
+    }
+
+    /** The number of rows, with nothing read from them. */
+    std::size_t run() {
+        std::size_t rows = 0;
+        int code = SQLITE_ROW;
+        while ((code = sqlite3_step(m_statement.get())) == SQLITE_ROW)
+            ++rows;
+        if (code != SQLITE_DONE)
+            failed();
+        sqlite3_reset(m_statement.get());
+        return rows;
+    }
+
+private:
     struct Free {
         void operator()(sqlite3* database) const { sqlite3_close(database); }
         void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
     };
-    sqlite3* database = nullptr;
-    sqlite3_open(QFile::encodeName(input.storeFolder + QStringLiteral("/Lantern.sqlite")),
-                 &database);
-    const std::unique_ptr<sqlite3, Free> ownedDatabase(database);
-    const auto sql = std::string("select category, author, source from event") + segment.orderInSql;
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, sql.c_str(), -1, &statement, nullptr);
-    const std::unique_ptr<sqlite3_stmt, Free> ownedStatement(statement);
-    for ([[maybe_unused]] auto _ : state) {
-        std::size_t rows = 0;
-        while (sqlite3_step(statement) == SQLITE_ROW)
-            ++rows;
-        sqlite3_reset(statement);
-        expectQuotes(rows, input.count);
+
+    [[noreturn]] void failed() const { fail(QString::fromUtf8(sqlite3_errmsg(m_database.get()))); }
+
+    std::unique_ptr<sqlite3, Free> m_database;
+    std::unique_ptr<sqlite3_stmt, Free> m_statement;
+};
+
+/** A peer of refresh: SQLite sorts the same store. */
+void sqliteSelect(benchmark::State& state, const Input& input, const Segment& segment) {
+    Database database(input.storeFolder);
+    database.prepare(std::string("select category, author, source from event") +
+                     segment.orderInSql);
+    for ([[maybe_unused]] auto _ : state)
+        expectQuotes(database.run(), input.count);
+}
+
+void sqliteBreakdown(benchmark::State& state, const Input& input) {
+    const StoreCopy copy(input);
+    QString author;
+    {
+        Application application(input.storeFolder);
+        author = busiestAuthor(application.context().fetch(Event::fetchRequest()).records);
     }
+    Database database(copy.folder());
+    database.execute("create index by_author on event(author)");
+    database.prepare("select * from event where author = ? order by category, source");
+    database.bind(author);
+    for ([[maybe_unused]] auto _ : state)
+        state.counters["found"] = double(database.run());
+}
+
+void sqliteSave(benchmark::State& state, const Input& input) {
+    const StoreCopy copy(input);
+    Database database(copy.folder());
+    database.execute("pragma locking_mode = exclusive; pragma journal_mode = wal;"
+                     "pragma synchronous = full; pragma wal_autocheckpoint = 250;"
+                     "pragma journal_size_limit = 4194304");
+    // One statement is one transaction.
+    database.prepare("insert into event(quote, author, source, category, timestamp) values("
+                     "'All things pass.', 'Anonymous', 'Proverbs', 'Life', 1614600000000)");
+    for ([[maybe_unused]] auto _ : state)
+        database.run();
 }
 
 template <class... Arguments>
@@ -244,7 +424,15 @@ void addAll(const Input& input) {
         add("SqliteSelect/" + name, input, sqliteSelect, input, segments[i]);
         add("Keystroke/" + name, input, keystroke, input, int(i));
     }
+    add("SegmentChange", input, segmentChange, input);
     add("FirstKeystroke/Quote", input, firstKeystroke, input, quoteSegment);
+    add("Search/lov", input, growingSearch, input, false);
+    add("Search/love", input, growingSearch, input, true);
+    add("Memmem", input, memmemSearch, input);
+    add("Breakdown", input, breakdown, input);
+    add("SqliteBreakdown", input, sqliteBreakdown, input);
+    add("Save", input, save, input);
+    add("SqliteSave", input, sqliteSave, input);
     add("Import", input, importOnce, input);
     add("ImportAgain", input, importAgain, input);
 }
