@@ -90,7 +90,7 @@ QStringList NameColumn::distinct(const std::vector<Row>& rows) const {
         if (isKnown[number])
             continue;
         isKnown[number] = true;
-        texts.append(m_names[number].text);
+        texts.append(QString::fromUtf8(m_names[number]));
     }
     return texts;
 }
