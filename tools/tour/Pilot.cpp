@@ -54,6 +54,25 @@ QList<QQuickItem*> Pilot::findAll(const QString& start) const {
     return found;
 }
 
+QRect Pilot::placeOf(const QString& text) const {
+    QList<QQuickItem*> found;
+    collect(
+        *m_window.contentItem(),
+        [&](const QQuickItem& item) { return item.property("text").toString().contains(text); },
+        found);
+    QRect place;
+    for (const QQuickItem* item : found) {
+        QRectF shown = item->mapRectToScene(item->boundingRect()) & QRectF({0, 0}, m_window.size());
+        for (const QQuickItem* page = item->parentItem(); page; page = page->parentItem()) {
+            if (page->clip())
+                shown &= page->mapRectToScene(page->boundingRect());
+        }
+        if (!shown.isEmpty())
+            place = shown.toRect();
+    }
+    return place;
+}
+
 bool Pilot::hasFocus(const QString& name) const {
     const QQuickItem* item = look(name);
     const QQuickItem* focused = m_window.activeFocusItem();

@@ -21,6 +21,8 @@ public:
     QQuickItem& find(const QString& name) const;
     /** All visible controls whose names start so, from top to bottom. */
     QList<QQuickItem*> findAll(const QString& start) const;
+    /** Where the window shows a text, if only a part of it; empty when it does not. */
+    QRect placeOf(const QString& text) const;
     /** Whether a control has the keyboard. */
     bool hasFocus(const QString& name) const;
 

@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
-#include <QHash>
 #include <QQuickStyle>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -27,20 +26,15 @@ void keepWarnings(QtMsgType type, const QMessageLogContext& context, const QStri
         warnings.append(QString::fromUtf8(context.category) + QStringLiteral(": ") + message);
 }
 
-/** Whether a picture shows more than an empty page: one colour may not fill nearly all of it. */
-bool hasContent(const QImage& picture) {
-    QHash<QRgb, int> counts;
-    for (int y = 0; y < picture.height(); y += 2) {
-        for (int x = 0; x < picture.width(); x += 2)
-            ++counts[picture.pixel(x, y)];
+/** Whether a picture has one colour only. */
+bool isBlank(const QImage& picture) {
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != picture.pixel(0, 0))
+                return false;
+        }
     }
-    int sum = 0;
-    int most = 0;
-    for (const int count : counts) {
-        sum += count;
-        most = std::max(most, count);
-    }
-    return counts.size() > 8 && most < sum * 0.995;
+    return true;
 }
 
 /** One walk through all screens in a window of one size, with a new store. */
@@ -85,86 +79,88 @@ private:
         return program.quickWindow();
     }
 
-    void shoot(const char* name) {
+    /** Takes a picture, in which a text must be seen. */
+    void shoot(const char* name, const char* text) {
         m_pilot.settle();
         const QImage picture = m_pilot.grab();
         const QString file = m_output.filePath(
             QStringLiteral("%1-%2.png").arg(++m_shots, 2, 10, QLatin1Char('0')).arg(name));
         if (!picture.save(file))
             throw std::runtime_error("cannot write " + file.toStdString());
-        if (!hasContent(picture))
-            throw std::runtime_error(file.toStdString() + " shows nothing");
+        const QRect place = m_pilot.placeOf(QString::fromUtf8(text));
+        if (place.isEmpty() || isBlank(picture.copy(place)))
+            throw std::runtime_error(std::string(name) + " does not show \"" + text + '"');
     }
 
     void menu() {
-        shoot("menu-closed");
+        shoot("menu-closed", "Menu");
         m_pilot.tap(QStringLiteral("Menu"));
-        shoot("menu");
+        shoot("menu", "Quote List");
     }
 
     void import() {
         m_pilot.tap(QStringLiteral("Import"));
-        shoot("import");
+        shoot("import", "Load File");
         m_pilot.tap(QStringLiteral("Load File"));
-        shoot("import-file-chooser");
+        shoot("import-file-chooser", "Cancel");
         auto* picker = qobject_cast<DocumentPickerViewController*>(
             m_program.navigation().presentedViewController());
         if (!picker)
             throw std::runtime_error("no file chooser is shown");
         picker->pick(QUrl::fromLocalFile(m_collection));
-        shoot("import-loaded-alert");
+        shoot("import-loaded-alert", "OK");
         m_pilot.tap(QStringLiteral("OK"));
-        shoot("import-loaded");
+        shoot("import-loaded", "Import File");
         m_pilot.tap(QStringLiteral("Import File"));
-        shoot("import-report");
+        shoot("import-report", "OK");
         m_pilot.tap(QStringLiteral("OK"));
         m_pilot.find(QStringLiteral("Menu"));
     }
 
     void quoteList() {
         open("Quote List");
-        shoot("quotes-by-topic");
+        shoot("quotes-by-topic", "Sorted/Search by Topic");
         m_pilot.tap(QStringLiteral("Author"));
-        shoot("quotes-by-author");
+        shoot("quotes-by-author", "Sorted/Search by Author");
         m_pilot.tap(QStringLiteral("Sort"));
-        shoot("quotes-by-author-descending");
+        shoot("quotes-by-author-descending", "Sorted/Search by Author");
         m_pilot.tap(QStringLiteral("Sort"));
         m_pilot.tap(QStringLiteral("Source"));
-        shoot("quotes-by-source");
+        shoot("quotes-by-source", "Sorted/Search by Source");
         m_pilot.tap(QStringLiteral("Search quotes"));
         m_pilot.type(QStringLiteral("hamlet"));
-        shoot("quotes-search");
+        shoot("quotes-search", "# of Quotes in your search");
         for (int letters = 0; letters < 6; ++letters)
             m_pilot.press(Qt::Key_Backspace);
         m_pilot.tap(QStringLiteral("Quote"));
-        shoot("quotes-without-search");
+        shoot("quotes-without-search", "Search by Quote");
         m_pilot.tap(QStringLiteral("Search quotes"));
         m_pilot.type(QStringLiteral("love"));
-        shoot("quotes-text-search");
+        shoot("quotes-text-search", "Topic: ");
         const auto rows = m_pilot.findAll(QStringLiteral("Topic: "));
         if (rows.size() < 3)
             throw std::runtime_error("the search shows no rows");
         m_pilot.drag(*rows.at(1), {-120, 0});
-        shoot("quotes-swipe");
+        shoot("quotes-swipe", "delete");
         m_pilot.tap(QStringLiteral("delete"));
-        shoot("quotes-deleted");
+        shoot("quotes-deleted", "# of Quotes in your search");
         m_pilot.tap(QStringLiteral("Back"));
     }
 
     void addQuote() {
         open("Add New Quote");
-        shoot("add-quote");
+        shoot("add-quote", "Add Quote");
         m_pilot.tap(QStringLiteral("Save"));
-        shoot("add-quote-missing");
+        shoot("add-quote-missing", "Insert New Record Canceled");
         m_pilot.tap(QStringLiteral("OK"));
         m_pilot.tap(QStringLiteral("Topic"));
-        shoot("add-quote-topic-picker");
+        shoot("add-quote-topic-picker", "Done");
         m_pilot.type(QStringLiteral("wonder"));
         m_pilot.press(Qt::Key_Escape);
         for (const char* style : {"UseDateWheel", "UseDateInline", "UseDateCompact"}) {
             m_program.application().services.userDefaults.setBool(QLatin1String(style), true);
             m_pilot.tap(QStringLiteral("Date"));
-            shoot(style);
+            shoot(style, "Today");
             m_pilot.tap(QStringLiteral("Done"));
             m_program.application().services.userDefaults.setBool(QLatin1String(style), false);
         }
@@ -178,7 +174,7 @@ private:
         m_pilot.type(
             QStringLiteral("Все счастливые семьи похожи друг на друга. 幸福的家庭都是相似的。 "
                            "كل العائلات السعيدة تتشابه"));
-        shoot("add-quote-filled");
+        shoot("add-quote-filled", "Все счастливые семьи");
         m_pilot.tap(QStringLiteral("Save"));
         m_pilot.find(QStringLiteral("Menu"));
     }
@@ -188,36 +184,36 @@ private:
         m_pilot.tap(QStringLiteral("Author"));
         m_pilot.tap(QStringLiteral("Search quotes"));
         m_pilot.type(QStringLiteral("толстой"));
-        shoot("quotes-search-other-scripts");
+        shoot("quotes-search-other-scripts", "托爾斯泰");
         m_pilot.tap(*m_pilot.findAll(QStringLiteral("Author: ")).constFirst());
-        shoot("quote");
+        shoot("quote", "幸福的家庭都是相似的");
         for (int taps = 0; taps < 8; ++taps)
             m_pilot.tap(QStringLiteral("Font size +"));
-        shoot("quote-large");
+        shoot("quote-large", "幸福的家庭都是相似的");
         m_pilot.tap(QStringLiteral("Full Screen"));
-        shoot("full-screen");
+        shoot("full-screen", "كل العائلات السعيدة تتشابه");
         m_pilot.tap(QStringLiteral("Share"));
-        shoot("share-sheet");
+        shoot("share-sheet", "Copy");
         m_pilot.tap(QStringLiteral("Cancel"));
         m_pilot.tap(QStringLiteral("Back"));
         m_pilot.tap(QStringLiteral("Author"));
-        shoot("quote-author-picker");
+        shoot("quote-author-picker", "Done");
         m_pilot.tap(QStringLiteral("Done"));
         m_pilot.tap(QStringLiteral("Save"));
         m_pilot.tap(QStringLiteral("Back"));
         open("Quotes by Topic");
-        shoot("quotes-by-topic-list");
+        shoot("quotes-by-topic-list", "art    ");
         m_pilot.tap(QStringLiteral("Back"));
     }
 
     void settings() {
         open("Settings");
-        shoot("settings");
+        shoot("settings", "Date picker style");
         m_pilot.tap(QStringLiteral("Use default date"));
         for (const char* style : {"Inline", "Compact", "Wheel"}) {
             m_pilot.tap(QLatin1String(style));
             m_pilot.tap(QStringLiteral("Date"));
-            shoot((QByteArray("settings-") + QByteArray(style).toLower()).constData());
+            shoot((QByteArray("settings-") + QByteArray(style).toLower()).constData(), "Today");
             m_pilot.tap(QStringLiteral("Done"));
         }
         m_pilot.tap(QStringLiteral("Back"));
@@ -225,39 +221,39 @@ private:
 
     void browseLists() {
         open("Reference Lists");
-        shoot("reference-lists");
+        shoot("reference-lists", "Authors");
         m_pilot.tap(QStringLiteral("Authors"));
-        shoot("authors");
+        shoot("authors", "Names");
         m_pilot.tap(QStringLiteral("Sort"));
-        shoot("authors-descending");
+        shoot("authors-descending", "Names");
         m_pilot.tap(QStringLiteral("Search authors"));
         m_pilot.type(QStringLiteral("mark twain"));
-        shoot("authors-search");
+        shoot("authors-search", "Mark Twain");
         m_pilot.tap(QStringLiteral("Mark Twain"));
-        shoot("author-breakdown");
+        shoot("author-breakdown", "Topic");
         m_pilot.tap(QStringLiteral("Print"));
         m_pilot.tap(QStringLiteral("Create File"));
-        shoot("print-quotes");
+        shoot("print-quotes", "Mark Twain");
         if (m_platform.printed.empty())
             throw std::runtime_error("the quotes were not printed");
         m_pilot.tap(QStringLiteral("Back"));
         for (int screens = 0; screens < 3; ++screens)
             m_pilot.tap(QStringLiteral("Back"));
         open("Quotes by Group");
-        shoot("tabs-authors");
+        shoot("tabs-authors", "Sources");
         m_pilot.tap(QStringLiteral("Sources"));
-        shoot("tabs-sources");
+        shoot("tabs-sources", "Sources");
         m_pilot.tap(QStringLiteral("Search sources"));
         m_pilot.type(QStringLiteral("hamlet"));
         m_pilot.tap(*m_pilot.findAll(QStringLiteral("Hamlet")).constFirst());
-        shoot("source-breakdown");
+        shoot("source-breakdown", "Author");
         m_pilot.tap(QStringLiteral("Back"));
         m_pilot.tap(QStringLiteral("Topics"));
-        shoot("tabs-topics");
+        shoot("tabs-topics", "art");
         m_pilot.tap(QStringLiteral("art"));
-        shoot("topic-breakdown");
+        shoot("topic-breakdown", "Source");
         m_pilot.tap(QStringLiteral("Source"));
-        shoot("topic-breakdown-by-source");
+        shoot("topic-breakdown-by-source", "Source");
         m_pilot.tap(QStringLiteral("Back"));
         m_pilot.tap(QStringLiteral("Back"));
     }
@@ -266,41 +262,41 @@ private:
         open("Reference Lists");
         m_pilot.tap(QStringLiteral("Sources"));
         m_pilot.tap(QStringLiteral("Names"));
-        shoot("source-names");
+        shoot("source-names", "Source Names");
         m_pilot.tap(QStringLiteral("Add"));
         m_pilot.tap(QStringLiteral("Source"));
         m_pilot.type(QStringLiteral("A Room of One's Own"));
-        shoot("add-source");
+        shoot("add-source", "A Room of One's Own");
         m_pilot.tap(QStringLiteral("Save"));
         for (int screens = 0; screens < 3; ++screens)
             m_pilot.tap(QStringLiteral("Back"));
         open("Topics");
-        shoot("topic-names");
+        shoot("topic-names", "art");
         m_pilot.tap(QStringLiteral("Add"));
-        shoot("add-topic");
+        shoot("add-topic", "Add Topic");
         m_pilot.type(QStringLiteral("a first topic"));
         m_pilot.press(Qt::Key_Escape);
         m_pilot.tap(QStringLiteral("Save"));
         m_pilot.tap(QStringLiteral("a first topic"));
-        shoot("edit-topic");
+        shoot("edit-topic", "a first topic");
         m_pilot.tap(QStringLiteral("Back"));
         m_pilot.tap(m_pilot.find(QStringLiteral("a first topic")), Qt::RightButton);
-        shoot("topic-menu");
+        shoot("topic-menu", "Delete");
         m_pilot.tap(QStringLiteral("Delete"));
-        shoot("topic-deleted");
+        shoot("topic-deleted", "art");
         m_pilot.tap(QStringLiteral("Back"));
     }
 
     void exportQuotes() {
         open("Export");
-        shoot("export");
+        shoot("export", "Create Export File");
         m_pilot.tap(QStringLiteral("Create Export File"));
-        shoot("export-created");
+        shoot("export-created", "[QUOTECOLLECTION]");
         m_pilot.find(QStringLiteral("OK"));
-        shoot("export-alert");
+        shoot("export-alert", "OK");
         m_pilot.tap(QStringLiteral("OK"));
         m_pilot.tap(QStringLiteral("Save To Files"));
-        shoot("export-share-sheet");
+        shoot("export-share-sheet", "Save to Files");
         m_pilot.tap(QStringLiteral("Save to Files"));
         m_pilot.tap(QStringLiteral("Email File"));
         if (m_platform.mails.empty() || m_platform.saved.empty())
@@ -310,13 +306,13 @@ private:
 
     void rateAndShare() {
         open("Rate/Share");
-        shoot("rate-share");
+        shoot("rate-share", "Visit the Website");
         m_pilot.tap(QStringLiteral("Share Lantern"));
-        shoot("rate-share-sheet");
+        shoot("rate-share-sheet", "Copy");
         m_pilot.tap(QStringLiteral("Cancel"));
         m_platform.sendsMail = false;
         m_pilot.tap(QStringLiteral("Send Feedback"));
-        shoot("rate-share-alert");
+        shoot("rate-share-alert", "OK");
         m_pilot.tap(QStringLiteral("OK"));
         m_platform.sendsMail = true;
         m_pilot.tap(QStringLiteral("Back"));
