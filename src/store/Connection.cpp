@@ -167,6 +167,8 @@ std::optional<StoreError> StoreConnection::openDatabase() {
         return unfit(QStringLiteral("a newer version of the program wrote it"));
     if (*version < 0 || (*version == 0 && *tables > 0))
         return unfit(QStringLiteral("it belongs to another program"));
+    if (const auto damage = findDamage())
+        return damage;
     if (execute("COMMIT") != SQLITE_OK)
         return error(QLatin1String(opened));
 
@@ -186,6 +188,17 @@ std::optional<StoreError> StoreConnection::openDatabase() {
     execute("PRAGMA journal_size_limit = 4194304");
     sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return std::nullopt;
+}
+
+// Damage that only a later read came upon would look like a collection without quotes.
+std::optional<StoreError> StoreConnection::findDamage() {
+    auto check = Statement::prepare(m_database.get(), "PRAGMA quick_check(1)");
+    if (!check || check->step() != SQLITE_ROW)
+        return error(QLatin1String(opened));
+    const auto finding = check->text(0).value_or(QByteArrayView());
+    if (finding == QByteArrayView("ok"))
+        return std::nullopt;
+    return unfit(QStringLiteral("it is damaged (%1)").arg(QString::fromUtf8(finding)));
 }
 
 bool StoreConnection::startLog() {

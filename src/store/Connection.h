@@ -107,6 +107,7 @@ private:
         : m_path(path) {}
 
     std::optional<StoreError> openDatabase();
+    std::optional<StoreError> findDamage();
     std::optional<StoreError> migrate(std::size_t version);
     bool startLog();
     std::optional<StoreError> prepareStatements();
