@@ -19,7 +19,9 @@ constexpr qint64 longestFile = qint64(1) << 30;
 
 QString decode(const QByteArray& bytes, QStringConverter::Encoding encoding) {
     QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
-    return decoder.decode(bytes);
+    const QString text = decoder.decode(bytes);
+    // Qt's decoder of UTF-16 lets half a character pass.
+    return text.isValidUtf16() ? text : QString::fromStdU32String(text.toStdU32String());
 }
 
 /** Text without a byte-order mark is UTF-16 when one byte in twenty or more is zero, all (but the

@@ -62,6 +62,8 @@ TEST(DecodeText, ReplacesStrayBytes) {
         << "cut within a character";
     EXPECT_EQ(decodeText(QByteArray("a\0b\0c", 5)), QStringLiteral("ab\uFFFD"))
         << "half a character";
+    const QByteArray halfPair("a\0\x3D\xD8\x62\0", 6);
+    EXPECT_EQ(decodeText(halfPair), QStringLiteral("a\uFFFDb"));
     EXPECT_EQ(decodeText(QByteArray(66, '.') + '\0'), QString(66, u'.') + QChar(u'\0'));
 }
 
