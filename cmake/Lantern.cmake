@@ -1,5 +1,6 @@
 option(LANTERN_TESTS "Build the tests" OFF)
 option(LANTERN_BENCH "Build the benchmarks" OFF)
+option(LANTERN_FUZZ "Build the fuzzers for libFuzzer, which needs Clang" OFF)
 option(LANTERN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 
 add_compile_options(
@@ -11,6 +12,10 @@ if(LANTERN_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(LANTERN_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # A room of the house: one static library per folder, which may link lower floors only.
