@@ -1,6 +1,6 @@
 #include "MainMenuViewController.h"
 
-#include "app/NameSeeding.h"
+#include "app/NameRecords.h"
 #include "foundation/FatalError.h"
 #include "shared/CommonLook.h"
 #include "toolkit/NavigationController.h"

@@ -1,5 +1,6 @@
 #include "ExportViewController.h"
 
+#include "app/SortedRecords.h"
 #include "exchange/CollectionFile.h"
 #include "foundation/FatalError.h"
 #include "platform/Files.h"
@@ -14,19 +15,6 @@ Q_DECLARE_LOGGING_CATEGORY(lcExchange)
 namespace {
 
 const auto fileName = QStringLiteral("QuoteCollection.csv");
-
-/** All records in an order; none, with a note in the log, when they cannot be read. */
-template <class Record>
-std::vector<Record*> fetchSorted(ManagedObjectContext& context,
-                                 const std::vector<SortDescriptor<Record>>& order) {
-    auto request = Record::fetchRequest();
-    request.returnsObjectsAsFaults = false;
-    request.sortDescriptors = order;
-    auto result = context.fetch(request);
-    if (result.error)
-        qCWarning(lcExchange) << result.error->description;
-    return std::move(result.records);
-}
 
 } // namespace
 
@@ -81,7 +69,7 @@ void ExportViewController::CreateUpdateFile() {
 
 void ExportViewController::buildQuoteSection() {
     managedObjectContext = &m_application.persistentContainer().viewContext();
-    theEventList = fetchSorted<Event>(
+    theEventList = sortedRecords<Event>(
         *managedObjectContext,
         {{Event::Keys::author, true}, {Event::Keys::category, true}, {Event::Keys::source, true}});
     resetOutput();
@@ -94,7 +82,7 @@ void ExportViewController::buildQuoteSection() {
 
 void ExportViewController::buildTopicSection() {
     managedObjectContext = &m_application.persistentContainer().viewContext();
-    theTopicList = fetchSorted<Topics>(*managedObjectContext, {{Topics::Keys::topic, true}});
+    theTopicList = sortedRecords<Topics>(*managedObjectContext, {{Topics::Keys::topic, true}});
     resetOutput();
     *DataString += topicSectionMarker + u'\n';
     for (const Topics* topic : theTopicList) {

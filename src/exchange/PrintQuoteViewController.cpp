@@ -96,7 +96,9 @@ void PrintQuoteViewController::viewDidLoad() {
         styleButton(*button);
     styleFormField(*FileTextView);
     const SelectionValues& selection = m_application.services.selection;
-    const Group* group = groupOf(selection.callingScreen);
+    // Other breakdowns may be looked at before the text is built.
+    m_openedBy = selection.callingScreen;
+    const Group* group = groupOf(m_openedBy);
     if (!group)
         return;
     managedObjectContext = &m_application.persistentContainer().viewContext();
@@ -116,7 +118,7 @@ void PrintQuoteViewController::viewDidDisappear() {
 
 void PrintQuoteViewController::CreateFileClick() {
     QString text;
-    if (const Group* group = groupOf(m_application.services.selection.callingScreen)) {
+    if (const Group* group = groupOf(m_openedBy)) {
         text = QLatin1String(group->header) + QStringLiteral("\n\n");
         for (const Event* quote : QuoteList)
             text += blockOf(*quote, *group);

@@ -38,4 +38,5 @@ public:
 
 private:
     AppDelegate& m_application;
+    QString m_openedBy;
 };

@@ -1,27 +1,17 @@
 #pragma once
 
 #include "app/AppDelegate.h"
-#include "app/NameSeeding.h"
+#include "app/NameRecords.h"
+#include "app/SortedRecords.h"
 #include "foundation/FatalError.h"
 #include "names/NameKind.h"
 #include "shared/CommonLook.h"
 #include "toolkit/TableViewController.h"
 
-#include <QLoggingCategory>
-
 #include <vector>
 
 /** A count over the rows, on a grey ground. */
 Label* makeCountHeader(const QString& caption, std::size_t count);
-
-/** The records of one kind of names, in order. */
-template <class Record>
-std::vector<Record*> sortedRecords(ManagedObjectContext& context) {
-    auto request = Record::fetchRequest();
-    request.returnsObjectsAsFaults = false;
-    request.sortDescriptors = {{NameKind<Record>::name, true}};
-    return context.fetch(request).records;
-}
 
 /** The record of a row; a row outside the list is a fatal error. */
 template <class Record>
@@ -61,7 +51,7 @@ public:
     }
 
     void load() {
-        records = sortedRecords<Record>(context);
+        records = sortedRecords<Record>(context, {{NameKind<Record>::name, true}});
         m_screen.tableView()->reloadData();
     }
 

@@ -101,7 +101,7 @@ void TopicTableTableViewController::controllerDidChangeContent() {
 
 void TopicTableTableViewController::load() {
     managedObjectContext = &m_application.persistentContainer().viewContext();
-    TopicList = sortedRecords<Topics>(*managedObjectContext);
+    TopicList = sortedRecords<Topics>(*managedObjectContext, {{Topics::Keys::topic, true}});
     tableView()->reloadData();
 }
 

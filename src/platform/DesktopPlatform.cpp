@@ -23,6 +23,9 @@ Q_LOGGING_CATEGORY(lcPlatform, "lantern.platform")
 
 namespace {
 
+// A program's argument may not be longer than 128 KiB.
+constexpr qsizetype longestAddress = 120'000;
+
 bool hasHandler(const char* scheme) {
     GAppInfo* handler = g_app_info_get_default_for_uri_scheme(scheme);
     if (!handler)
@@ -67,11 +70,21 @@ void DesktopPlatform::copy(const QString& text) {
 
 void DesktopPlatform::message(const QString& text) {
     const QString body = QString::fromLatin1(QUrl::toPercentEncoding(text));
-    if (!open(QUrl(QStringLiteral("sms:?body=") + body, QUrl::StrictMode)))
-        qCWarning(lcPlatform) << "a text message of" << text.size() << "characters was not opened";
+    if (body.size() > longestAddress)
+        tellFailure(QStringLiteral("The text is too long for a text message."));
+    else if (!open(QUrl(QStringLiteral("sms:?body=") + body, QUrl::StrictMode)))
+        tellFailure(QStringLiteral("No program opens text messages."));
 }
 
 void DesktopPlatform::mail(const MailMessage& message) {
+    if (mailtoAddress(message).toEncoded().size() > longestAddress) {
+        MailMessage shorter = message;
+        shorter.attachments.push_back(
+            {message.body.toUtf8(), QStringLiteral("text/plain"), QStringLiteral("Message.txt")});
+        shorter.body.clear();
+        mail(shorter);
+        return;
+    }
     const QStringList attachments = writeAttachments(message);
     const QUrl address = mailtoAddress(message);
     const auto withoutPortal = [this, attachments, address] {
@@ -83,7 +96,7 @@ void DesktopPlatform::mail(const MailMessage& message) {
             return;
         qCWarning(lcPlatform) << "no xdg-email; the mail opens without its attachments";
         if (!open(address))
-            qCWarning(lcPlatform) << "the mail was not opened";
+            tellFailure(QStringLiteral("No program opens mail."));
     };
     new PortalMail(message, attachments, withoutPortal, &m_requests);
 }

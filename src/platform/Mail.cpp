@@ -53,7 +53,7 @@ QUrl mailtoAddress(const MailMessage& message) {
 }
 
 PortalMail::PortalMail(const MailMessage& message, const QStringList& attachments,
-                       std::function<void()> fallback, QObject* parent)
+                       std::function<void()> fallback, QObject* parent, const QDBusConnection& bus)
     : QObject(parent)
     , m_fallback(std::move(fallback)) {
     qDBusRegisterMetaType<QList<QDBusUnixFileDescriptor>>();
@@ -66,11 +66,15 @@ PortalMail::PortalMail(const MailMessage& message, const QStringList& attachment
         options.insert(QStringLiteral("addresses"), message.recipients);
     if (!attachments.isEmpty())
         options.insert(QStringLiteral("attachment_fds"), openFiles(attachments));
-    compose(options);
+    compose(bus, options);
 }
 
-void PortalMail::compose(const QVariantMap& options) {
-    QDBusConnection bus = QDBusConnection::sessionBus();
+void PortalMail::compose(QDBusConnection bus, const QVariantMap& options) {
+    if (!bus.isConnected()) {
+        // A call would never be answered, not even with an error.
+        QMetaObject::invokeMethod(this, &PortalMail::fallBack, Qt::QueuedConnection);
+        return;
+    }
     const QString token = QUuid::createUuid().toString(QUuid::Id128);
     // The answer may come before the reply that names its object, whose path is known already.
     const QString sender = bus.baseService().mid(1).replace(u'.', u'_');

@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 
+#include <QDBusConnection>
 #include <QObject>
 #include <QVariantMap>
 
@@ -20,11 +21,12 @@ class PortalMail : public QObject {
 public:
     /** The attachments are given by the paths of their files. */
     PortalMail(const MailMessage& message, const QStringList& attachments,
-               std::function<void()> fallback, QObject* parent);
+               std::function<void()> fallback, QObject* parent,
+               const QDBusConnection& bus = QDBusConnection::sessionBus());
 
 private:
     Q_SLOT void answered(uint response, const QVariantMap& results);
-    void compose(const QVariantMap& options);
+    void compose(QDBusConnection bus, const QVariantMap& options);
     void fallBack();
 
     std::function<void()> m_fallback;

@@ -18,10 +18,11 @@ void MarkupDocument::drawObject(QPainter* /*painter*/, const QRectF& /*place*/,
                                 const QTextFormat& /*format*/) {}
 
 void MarkupDocument::setMarkup(const QString& markup) {
-    // The parser takes all that follows a link element for a part of it, and hides it.
-    static const QRegularExpression link(QStringLiteral("<link\\b[^>]*>"),
-                                         QRegularExpression::CaseInsensitiveOption);
-    setHtml(QString(markup).remove(link));
+    // The parser hides all that follows one of these where it is not closed.
+    static const QRegularExpression hiding(
+        QStringLiteral("<(?=(?:link|title|style|script|head)\\b|[!?])"),
+        QRegularExpression::CaseInsensitiveOption);
+    setHtml(QString(markup).replace(hiding, QStringLiteral("&lt;")));
 }
 
 QVariant MarkupDocument::loadResource(int /*type*/, const QUrl& /*name*/) {

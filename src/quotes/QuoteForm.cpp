@@ -1,26 +1,12 @@
 #include "QuoteForm.h"
 
+#include "app/SortedRecords.h"
 #include "shared/CommonLook.h"
 #include "toolkit/AlertController.h"
-
-#include <QLoggingCategory>
-
-Q_DECLARE_LOGGING_CATEGORY(lcQuotes)
 
 namespace {
 
 enum PickerTag { TopicTag = 1, SourceTag = 2, AuthorTag = 3 };
-
-template <class Record>
-std::vector<Record*> sortedNames(ManagedObjectContext& context, TextKey<Record> key) {
-    auto request = Record::fetchRequest();
-    request.returnsObjectsAsFaults = false;
-    request.sortDescriptors = {{key, true}};
-    auto result = context.fetch(request);
-    if (result.error)
-        qCWarning(lcQuotes) << result.error->description;
-    return std::move(result.records);
-}
 
 } // namespace
 
@@ -63,14 +49,15 @@ void QuoteForm::styleFields() {
 }
 
 void QuoteForm::fetchTopics() {
-    TopicList = sortedNames(m_application.persistentContainer().viewContext(), Topics::Keys::topic);
+    TopicList = sortedRecords<Topics>(m_application.persistentContainer().viewContext(),
+                                      {{Topics::Keys::topic, true}});
     TopicPickerView->reloadAllComponents();
 }
 
 void QuoteForm::fetchSourcesAndAuthors() {
     ManagedObjectContext& context = m_application.persistentContainer().viewContext();
-    SourceList = sortedNames(context, Sources::Keys::name);
-    AuthorList = sortedNames(context, Authors::Keys::name);
+    SourceList = sortedRecords<Sources>(context, {{Sources::Keys::name, true}});
+    AuthorList = sortedRecords<Authors>(context, {{Authors::Keys::name, true}});
     SourcePickerView->reloadAllComponents();
     AuthorPickerView->reloadAllComponents();
 }

@@ -58,22 +58,20 @@ auto wireForm(void (Form::*save)()) {
 
 /** The screens about one kind of names, and what tells their wiring from that of the others. */
 struct NameScenes {
-    QString noun;
     QString recordsTitle;
     QString records;
     QString addForm;
 };
 
-template <class List, class Breakdown, class Records, class AddForm, class EditForm>
+template <class Record, class List, class Breakdown, class Records, class AddForm, class EditForm>
 void addScenesOf(const NameScenes& names, void (AddForm::*add)(), void (EditForm::*save)(),
                  Storyboard& storyboard, AppDelegate& application) {
-    const QString& noun = names.noun;
+    const QString noun = QLatin1String(NameKind<Record>::noun);
+    const QString unwind = QLatin1String(NameKind<Record>::unwindToList);
     const QString list = noun + QStringLiteral("TableViewController");
     const QString breakdown = noun + QStringLiteral("BreakdownTableViewController");
     const QString editForm = QStringLiteral("Edit%1ViewController").arg(noun);
-    const auto toRecords =
-        SegueDescription::unwind(QStringLiteral("unwindTo%1List").arg(noun),
-                                 QStringLiteral("unwindTo%1ListWithSegue").arg(noun));
+    const auto toRecords = SegueDescription::unwind(unwind, unwind + QStringLiteral("WithSegue"));
 
     storyboard.add({list,
                     noun + QLatin1Char('s'),
@@ -113,22 +111,22 @@ void addScenesOf(const NameScenes& names, void (AddForm::*add)(), void (EditForm
 } // namespace
 
 void addNameScenes(Storyboard& storyboard, AppDelegate& application) {
-    addScenesOf<AuthorTableViewController, AuthorBreakdownTableViewController,
+    addScenesOf<Authors, AuthorTableViewController, AuthorBreakdownTableViewController,
                 NewAuthorTableViewController>(
-        {QStringLiteral("Author"), QStringLiteral("Author Names"),
-         QStringLiteral("NewAuthorTableViewController"), QStringLiteral("AddAuthorViewController")},
+        {QStringLiteral("Author Names"), QStringLiteral("NewAuthorTableViewController"),
+         QStringLiteral("AddAuthorViewController")},
         &AddAuthorViewController::SaveAuthor, &EditAuthorViewController::SaveAuthor, storyboard,
         application);
-    addScenesOf<SourceTableViewController, SourceBreakdownTableViewController,
+    addScenesOf<Sources, SourceTableViewController, SourceBreakdownTableViewController,
                 NewSourceTableViewController>(
-        {QStringLiteral("Source"), QStringLiteral("Source Names"),
-         QStringLiteral("NewSourceTableViewController"), QStringLiteral("AddSourceViewController")},
+        {QStringLiteral("Source Names"), QStringLiteral("NewSourceTableViewController"),
+         QStringLiteral("AddSourceViewController")},
         &AddSourceViewController::SaveSource, &EditSourceViewController::SaveSource, storyboard,
         application);
     // The form that adds a topic has its button on the form.
-    addScenesOf<TopicTableViewController, TopicBreakdownTableViewController,
+    addScenesOf<Topics, TopicTableViewController, TopicBreakdownTableViewController,
                 TopicTableTableViewController, TopicViewController>(
-        {QStringLiteral("Topic"), QStringLiteral("Topics"),
-         QStringLiteral("TopicTableTableViewController"), QStringLiteral("TopicViewController")},
+        {QStringLiteral("Topics"), QStringLiteral("TopicTableTableViewController"),
+         QStringLiteral("TopicViewController")},
         nullptr, &EditTopicViewController::SaveButtonTapped, storyboard, application);
 }

@@ -56,6 +56,15 @@ FocusScope {
         color: Theme.paper
     }
 
+    // First, since the keyboard comes to the controls in this order.
+    NavigationBar {
+        id: bar
+
+        z: 1
+        width: parent.width
+        controller: root.controller
+    }
+
     T.StackView {
         id: stack
 
@@ -98,12 +107,5 @@ FocusScope {
         stack: stack
         enabled: root.canGoBack && !stack.busy
         onSwiped: root.controller.goBack()
-    }
-
-    NavigationBar {
-        id: bar
-
-        width: parent.width
-        controller: root.controller
     }
 }

@@ -25,6 +25,8 @@ protected:
         screen = std::make_unique<PrintQuoteViewController>(application.delegate);
         screen->viewDidLoad();
         EXPECT_EQ(screen->FileTextView->text(), "");
+        // What is looked at in another tab meanwhile changes nothing.
+        application.selection.callingScreen = QStringLiteral("SourceBreakdown");
         screen->CreateFileButton->press();
         return screen->FileTextView->text();
     }

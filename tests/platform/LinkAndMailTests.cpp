@@ -1,10 +1,15 @@
 #include "Desktop.h"
 #include "MailPortal.h"
 #include "platform/DesktopPlatform.h"
+#include "platform/Mail.h"
 
+#include <QApplication>
+#include <QDBusConnection>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QUrlQuery>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -120,6 +125,32 @@ TEST_F(LinksAndMail, WithoutAPortalXdgEmailGetsMailWithItsAttachment) {
     ASSERT_TRUE(second && second->size() == 3);
     EXPECT_EQ(contents(first->at(2)), "first");
     EXPECT_EQ(contents(second->at(2)), "second");
+}
+
+TEST_F(LinksAndMail, WithoutAMessageBusMailGoesOnWithoutThePortal) {
+    bool fellBack = false;
+    new PortalMail(
+        messageWith("x"), {}, [&] { fellBack = true; }, nullptr,
+        QDBusConnection(QStringLiteral("a bus that is not there")));
+    EXPECT_TRUE(waitFor([&] { return fellBack; }));
+}
+
+TEST_F(LinksAndMail, TextsTooLongForAnAddressAreAttachedOrRefused) {
+    const QString longText = QStringLiteral("Война ").repeated(20'000);
+    MailMessage message;
+    message.body = longText;
+    platform.mail(message);
+    const auto call = Desktop::callOf("xdg-email");
+    ASSERT_TRUE(call && call->size() == 3);
+    EXPECT_EQ(call->at(0), "mailto:");
+    EXPECT_EQ(contents(call->at(2)), longText.toUtf8());
+    platform.message(longText);
+    EXPECT_FALSE(Desktop::isCalled("xdg-open"));
+    const auto windows = QApplication::topLevelWidgets();
+    EXPECT_TRUE(std::ranges::any_of(windows, [](const QWidget* window) {
+        const auto* box = qobject_cast<const QMessageBox*>(window);
+        return box && box->isVisible() && box->text().contains(QStringLiteral("too long"));
+    }));
 }
 
 TEST_F(LinksAndMail, AnAttachmentsNameLeadsNowhereElse) {

@@ -167,6 +167,17 @@ TEST_F(Printing, NothingThatMarkupNamesIsOpened) {
     ::close(watch);
 }
 
+TEST_F(Printing, NoElementOfOneQuoteHidesTheNext) {
+    for (const char* opener : {"<link", "<LINK rel=x>", "<title>", "<style>", "<script type=x>",
+                               "<head>", "<!--", "<!doctype", "<?xml"}) {
+        const QString markup = QStringLiteral("<b>before</b> ") + QLatin1String(opener) +
+                               QStringLiteral("<br />after");
+        const QString out = path("out.pdf");
+        ASSERT_FALSE(printToPdf(jobOf(markup), out, a4));
+        EXPECT_TRUE(textOfPdf(out).contains(QStringLiteral("after"))) << opener;
+    }
+}
+
 TEST_F(Printing, FailureLeavesNoFile) {
     PrintJob job = jobOf(QStringLiteral("text"));
     job.insets = 400;

@@ -80,16 +80,17 @@ private:
     }
 
     /** Takes a picture, in which a text must be seen. */
-    void shoot(const char* name, const char* text) {
+    void shoot(const QByteArray& name, const QByteArray& text) {
         m_pilot.settle();
         const QImage picture = m_pilot.grab();
-        const QString file = m_output.filePath(
-            QStringLiteral("%1-%2.png").arg(++m_shots, 2, 10, QLatin1Char('0')).arg(name));
+        const QString file = m_output.filePath(QStringLiteral("%1-%2.png")
+                                                   .arg(++m_shots, 2, 10, QLatin1Char('0'))
+                                                   .arg(QString::fromUtf8(name)));
         if (!picture.save(file))
             throw std::runtime_error("cannot write " + file.toStdString());
         const QRect place = m_pilot.placeOf(QString::fromUtf8(text));
         if (place.isEmpty() || isBlank(picture.copy(place)))
-            throw std::runtime_error(std::string(name) + " does not show \"" + text + '"');
+            throw std::runtime_error((name + " does not show \"" + text + '"').toStdString());
     }
 
     void menu() {
@@ -258,18 +259,28 @@ private:
         m_pilot.tap(QStringLiteral("Back"));
     }
 
-    void nameRecords() {
+    /** The list of the records of a noun, and its forms; the new name stands in the first rows. */
+    void recordsOf(const char* noun, const char* newName) {
+        const QString name = QString::fromUtf8(newName);
+        const QByteArray picture = QByteArray(noun).toLower();
         open("Reference Lists");
-        m_pilot.tap(QStringLiteral("Sources"));
+        m_pilot.tap(QLatin1String(noun) + QLatin1Char('s'));
         m_pilot.tap(QStringLiteral("Names"));
-        shoot("source-names", "Source Names");
+        shoot(picture + "-names", QByteArray(noun) + " Names");
         m_pilot.tap(QStringLiteral("Add"));
-        m_pilot.tap(QStringLiteral("Source"));
-        m_pilot.type(QStringLiteral("A Room of One's Own"));
-        shoot("add-source", "A Room of One's Own");
+        m_pilot.tap(QLatin1String(noun));
+        m_pilot.type(name);
+        shoot("add-" + picture, newName);
         m_pilot.tap(QStringLiteral("Save"));
-        for (int screens = 0; screens < 3; ++screens)
+        m_pilot.tap(name);
+        shoot("edit-" + picture, newName);
+        for (int screens = 0; screens < 4; ++screens)
             m_pilot.tap(QStringLiteral("Back"));
+    }
+
+    void nameRecords() {
+        recordsOf("Author", "A. N. Other");
+        recordsOf("Source", "A Book");
         open("Topics");
         shoot("topic-names", "art");
         m_pilot.tap(QStringLiteral("Add"));

@@ -1,4 +1,4 @@
-#include "NameSeeding.h"
+#include "NameRecords.h"
 
 #include "foundation/FatalError.h"
 #include "store/DistinctNames.h"
