@@ -31,7 +31,7 @@ Breakdown::Breakdown(TableViewController& screen, AppDelegate& application, Brea
     , m_screen(screen)
     , m_application(application)
     , m_kind(std::move(kind)) {
-    screen.setDelegate(*this);
+    screen.setShared(*this);
 }
 
 void Breakdown::viewDidLoad() {

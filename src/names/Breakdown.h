@@ -29,7 +29,7 @@ struct BreakdownKind {
 
 /** The quotes of one author, source or topic, sorted and searched by the two other fields: what the
  * three breakdowns have in common. */
-class Breakdown : public TableViewDelegate {
+class Breakdown : public SharedTableScreen {
 public:
     Breakdown(TableViewController& screen, AppDelegate& application, BreakdownKind kind);
 
@@ -42,12 +42,13 @@ public:
     std::vector<Event*> FilteredQuoteList;
     std::optional<bool> SortAsc;
 
-    void viewDidLoad();
-    void viewWillAppear();
+    void viewDidLoad() override;
+    void viewWillAppear() override;
+    void viewWillDisappear() override { searchController->dismiss(); }
+    void prepareForSegue(Segue& segue) override;
     void refresh();
     void SortData();
     void updateSearchResultsForSearchController(SearchController& controller);
-    void prepareForSegue(Segue& segue);
 
     /** Shows a quote in a row. What the quote does not have stays as the row showed it before. */
     void show(int row, TableViewCell& cell, Label& topic, Label& source, Label& author);

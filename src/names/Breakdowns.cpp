@@ -15,23 +15,6 @@ TopicBreakdownTableViewController::TopicBreakdownTableViewController(AppDelegate
             [this] { segmentedControlActionWithSender(*quotes.segment); });
 }
 
-void TopicBreakdownTableViewController::viewDidLoad() {
-    quotes.viewDidLoad();
-}
-
-void TopicBreakdownTableViewController::viewWillAppear() {
-    TableViewController::viewWillAppear();
-    quotes.viewWillAppear();
-}
-
-void TopicBreakdownTableViewController::viewWillDisappear() {
-    quotes.searchController->dismiss();
-}
-
-void TopicBreakdownTableViewController::prepareForSegue(Segue& segue, QObject* /*sender*/) {
-    quotes.prepareForSegue(segue);
-}
-
 TableViewCell* TopicBreakdownTableViewController::cellForRowAtIndexPath(int row) {
     auto* cell =
         tableView()->dequeueReusableCell<TopicBreakdownTableViewCell>(QStringLiteral("Cell"));
@@ -65,23 +48,6 @@ SourceBreakdownTableViewController::SourceBreakdownTableViewController(AppDelega
               .callingScreen = QStringLiteral("SourceBreakdown"),
               .buttonsAreSymbols = true}) {}
 
-void SourceBreakdownTableViewController::viewDidLoad() {
-    quotes.viewDidLoad();
-}
-
-void SourceBreakdownTableViewController::viewWillAppear() {
-    TableViewController::viewWillAppear();
-    quotes.viewWillAppear();
-}
-
-void SourceBreakdownTableViewController::viewWillDisappear() {
-    quotes.searchController->dismiss();
-}
-
-void SourceBreakdownTableViewController::prepareForSegue(Segue& segue, QObject* /*sender*/) {
-    quotes.prepareForSegue(segue);
-}
-
 TableViewCell* SourceBreakdownTableViewController::cellForRowAtIndexPath(int row) {
     auto* cell =
         tableView()->dequeueReusableCell<SourceBreakdownTableViewCell>(QStringLiteral("Cell"));
@@ -100,23 +66,6 @@ AuthorBreakdownTableViewController::AuthorBreakdownTableViewController(AppDelega
               .searchCountSuffix = QStringLiteral(" Quote(s)"),
               .callingScreen = QStringLiteral("AuthorBreakdown"),
               .buttonsAreSymbols = true}) {}
-
-void AuthorBreakdownTableViewController::viewDidLoad() {
-    quotes.viewDidLoad();
-}
-
-void AuthorBreakdownTableViewController::viewWillAppear() {
-    TableViewController::viewWillAppear();
-    quotes.viewWillAppear();
-}
-
-void AuthorBreakdownTableViewController::viewWillDisappear() {
-    quotes.searchController->dismiss();
-}
-
-void AuthorBreakdownTableViewController::prepareForSegue(Segue& segue, QObject* /*sender*/) {
-    quotes.prepareForSegue(segue);
-}
 
 TableViewCell* AuthorBreakdownTableViewController::cellForRowAtIndexPath(int row) {
     auto* cell =

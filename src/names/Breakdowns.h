@@ -49,10 +49,6 @@ public:
 
     Breakdown quotes;
 
-    void viewDidLoad() override;
-    void viewWillAppear() override;
-    void viewWillDisappear() override;
-    void prepareForSegue(Segue& segue, QObject* sender) override;
     TableViewCell* cellForRowAtIndexPath(int row) override;
     double heightForRowAtIndexPath(int row) const override;
     void segmentedControlActionWithSender(SegmentedControl& sender);
@@ -69,10 +65,6 @@ public:
 
     Breakdown quotes;
 
-    void viewDidLoad() override;
-    void viewWillAppear() override;
-    void viewWillDisappear() override;
-    void prepareForSegue(Segue& segue, QObject* sender) override;
     TableViewCell* cellForRowAtIndexPath(int row) override;
 };
 
@@ -87,9 +79,5 @@ public:
 
     Breakdown quotes;
 
-    void viewDidLoad() override;
-    void viewWillAppear() override;
-    void viewWillDisappear() override;
-    void prepareForSegue(Segue& segue, QObject* sender) override;
     TableViewCell* cellForRowAtIndexPath(int row) override;
 };

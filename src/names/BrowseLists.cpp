@@ -8,23 +8,6 @@ AuthorTableViewController::AuthorTableViewController(AppDelegate& application)
             .countSuffix = QStringLiteral(" Author(s)"),
             .chosen = {&SelectionValues::chosenAuthorName, &SelectionValues::selectedAuthor}}) {}
 
-void AuthorTableViewController::viewDidLoad() {
-    list.viewDidLoad();
-}
-
-void AuthorTableViewController::viewWillAppear() {
-    TableViewController::viewWillAppear();
-    list.load();
-}
-
-void AuthorTableViewController::viewWillDisappear() {
-    list.searchController->dismiss();
-}
-
-void AuthorTableViewController::UnwindSegue() {
-    performSegue(QStringLiteral("unwindToMainMenu"), this);
-}
-
 TableViewCell* AuthorTableViewController::cellForRowAtIndexPath(int row) {
     auto* cell = tableView()->dequeueReusableCell<AuthorTableViewCell>(QStringLiteral("Cell"));
     list.show(row, *cell, *cell->AuthorLabel, *cell->CountLabel);
@@ -43,23 +26,6 @@ SourceTableViewController::SourceTableViewController(AppDelegate& application)
             .countSuffix = QStringLiteral(" Source(s)"),
             .chosen = {&SelectionValues::chosenSourceName, &SelectionValues::selectedSource}}) {}
 
-void SourceTableViewController::viewDidLoad() {
-    list.viewDidLoad();
-}
-
-void SourceTableViewController::viewWillAppear() {
-    TableViewController::viewWillAppear();
-    list.load();
-}
-
-void SourceTableViewController::viewWillDisappear() {
-    list.searchController->dismiss();
-}
-
-void SourceTableViewController::UnwindSegue() {
-    performSegue(QStringLiteral("unwindToMainMenu"), this);
-}
-
 TableViewCell* SourceTableViewController::cellForRowAtIndexPath(int row) {
     auto* cell = tableView()->dequeueReusableCell<SourceTableViewCell>(QStringLiteral("Cell"));
     list.show(row, *cell, *cell->SourceLabel, *cell->CountLabel);
@@ -77,23 +43,6 @@ TopicTableViewController::TopicTableViewController(AppDelegate& application)
             .searchPlaceholder = QStringLiteral("Sort and Search by Topic"),
             .countSuffix = QStringLiteral(" Topic(s)"),
             .chosen = {&SelectionValues::selectedTopic}}) {}
-
-void TopicTableViewController::viewDidLoad() {
-    list.viewDidLoad();
-}
-
-void TopicTableViewController::viewWillAppear() {
-    TableViewController::viewWillAppear();
-    list.load();
-}
-
-void TopicTableViewController::viewWillDisappear() {
-    list.searchController->dismiss();
-}
-
-void TopicTableViewController::UnwindSegue() {
-    performSegue(QStringLiteral("unwindToMainMenu"), this);
-}
 
 TableViewCell* TopicTableViewController::cellForRowAtIndexPath(int row) {
     auto* cell = tableView()->dequeueReusableCell<TopicTableViewCell>(QStringLiteral("Cell"));

@@ -48,10 +48,6 @@ public:
     QStringList& AuthorList = list.names;
     QStringList& FilteredAuthorList = list.filteredNames;
 
-    void viewDidLoad() override;
-    void viewWillAppear() override;
-    void viewWillDisappear() override;
-    void UnwindSegue();
     TableViewCell* cellForRowAtIndexPath(int row) override;
     Q_INVOKABLE void unwindToAuthorTableViewWithSegue(Segue* segue);
 };
@@ -69,10 +65,6 @@ public:
     QStringList& SourceList = list.names;
     QStringList& FilteredSourceList = list.filteredNames;
 
-    void viewDidLoad() override;
-    void viewWillAppear() override;
-    void viewWillDisappear() override;
-    void UnwindSegue();
     TableViewCell* cellForRowAtIndexPath(int row) override;
     Q_INVOKABLE void unwindToSourceTableViewWithSegue(Segue* segue);
 };
@@ -90,10 +82,6 @@ public:
     QStringList& TopicList = list.names;
     QStringList& FilteredTopicList = list.filteredNames;
 
-    void viewDidLoad() override;
-    void viewWillAppear() override;
-    void viewWillDisappear() override;
-    void UnwindSegue();
     TableViewCell* cellForRowAtIndexPath(int row) override;
     Q_INVOKABLE void unwindToTopicTableViewWithSegue(Segue* segue);
 };

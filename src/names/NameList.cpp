@@ -37,7 +37,7 @@ NameList::NameList(TableViewController& screen, AppDelegate& application, NameLi
     , m_screen(screen)
     , m_application(application)
     , m_kind(std::move(kind)) {
-    screen.setDelegate(*this);
+    screen.setShared(*this);
 }
 
 void NameList::viewDidLoad() {
@@ -76,6 +76,10 @@ void NameList::SortData() {
     }
     sortNames(filteredNames, *SortAsc);
     m_screen.tableView()->reloadData();
+}
+
+void NameList::UnwindSegue() {
+    m_screen.performSegue(QStringLiteral("unwindToMainMenu"), &m_screen);
 }
 
 void NameList::updateSearchResultsForSearchController(SearchController& controller) {

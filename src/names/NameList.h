@@ -20,7 +20,7 @@ struct NameListKind {
 
 /** The distinct values of one field of the quotes, sorted and searched, each with the number of its
  * quotes: what the lists of authors, sources and topics have in common. */
-class NameList : public TableViewDelegate {
+class NameList : public SharedTableScreen {
 public:
     NameList(TableViewController& screen, AppDelegate& application, NameListKind kind);
 
@@ -31,10 +31,14 @@ public:
     QStringList filteredNames;
     std::optional<bool> SortAsc;
 
-    void viewDidLoad();
+    void viewDidLoad() override;
+    void viewWillAppear() override { load(); }
+    void viewWillDisappear() override { searchController->dismiss(); }
     /** Adds the names that are new. Those whose last quote has gone stay for the screen's life. */
     void load();
     void SortData();
+    /** The way out for the first screen of a stack. */
+    void UnwindSegue();
     void updateSearchResultsForSearchController(SearchController& controller);
 
     /** Shows a name and the number of its quotes in a row. */

@@ -23,7 +23,7 @@ Record& recordAt(const std::vector<Record*>& records, int row) {
 
 /** The records of author or source names: what the two lists of them have in common. */
 template <class Record>
-class NameRecordList : public TableViewDelegate {
+class NameRecordList : public SharedTableScreen {
 public:
     NameRecordList(TableViewController& screen, AppDelegate& application, QString callingScreen,
                    QString countCaption)
@@ -32,7 +32,7 @@ public:
         , m_application(application)
         , m_callingScreen(std::move(callingScreen))
         , m_countCaption(std::move(countCaption)) {
-        screen.setDelegate(*this);
+        screen.setShared(*this);
     }
 
     ManagedObjectContext& context;
@@ -40,7 +40,7 @@ public:
     QStringList namesOfQuotes;
 
     /** Where there is no record yet, makes one of each name that the quotes have. */
-    void viewDidLoad() {
+    void viewDidLoad() override {
         m_application.services.selection.callingScreen = m_callingScreen;
         load();
         if (!records.empty())
@@ -49,6 +49,8 @@ public:
         insertNames<Record>(context, namesOfQuotes);
         load();
     }
+
+    void viewWillAppear() override { load(); }
 
     void load() {
         records = sortedRecords<Record>(context, {{NameKind<Record>::name, true}});

@@ -3,15 +3,6 @@
 NewAuthorTableViewController::NewAuthorTableViewController(AppDelegate& application)
     : list(*this, application, QStringLiteral("NewAuthor"), QStringLiteral("# Authors: = ")) {}
 
-void NewAuthorTableViewController::viewDidLoad() {
-    list.viewDidLoad();
-}
-
-void NewAuthorTableViewController::viewWillAppear() {
-    TableViewController::viewWillAppear();
-    list.load();
-}
-
 TableViewCell* NewAuthorTableViewController::cellForRowAtIndexPath(int row) {
     auto* cell = tableView()->dequeueReusableCell<NewAuthorTableViewCell>(QStringLiteral("Cell"));
     list.show(row, *cell, *cell->NameLabel);
@@ -24,15 +15,6 @@ void NewAuthorTableViewController::unwindToAuthorListWithSegue(Segue* /*segue*/)
 
 NewSourceTableViewController::NewSourceTableViewController(AppDelegate& application)
     : list(*this, application, QStringLiteral("NewSource"), QStringLiteral("# Sources = ")) {}
-
-void NewSourceTableViewController::viewDidLoad() {
-    list.viewDidLoad();
-}
-
-void NewSourceTableViewController::viewWillAppear() {
-    TableViewController::viewWillAppear();
-    list.load();
-}
 
 void NewSourceTableViewController::viewWillDisappear() {
     SourceList.clear();

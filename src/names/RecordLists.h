@@ -35,8 +35,6 @@ public:
     std::vector<Authors*>& AuthorList = list.records;
     QStringList& NewAuthorsList = list.namesOfQuotes;
 
-    void viewDidLoad() override;
-    void viewWillAppear() override;
     TableViewCell* cellForRowAtIndexPath(int row) override;
     Q_INVOKABLE void unwindToAuthorListWithSegue(Segue* segue);
 };
@@ -54,8 +52,6 @@ public:
     std::vector<Sources*>& SourceList = list.records;
     QStringList& SourcesList = list.namesOfQuotes;
 
-    void viewDidLoad() override;
-    void viewWillAppear() override;
     void viewWillDisappear() override;
     TableViewCell* cellForRowAtIndexPath(int row) override;
     QString titleForHeaderInSection(int section) const override;

@@ -5,7 +5,17 @@
 
 #include <vector>
 
-/** A screen that is one table, which it fills itself or has a delegate fill that it holds. */
+/** What table screens of one shape have in common: a value that each of them holds, and that
+ * answers in the place of each method that the screen does not have. */
+class SharedTableScreen : public TableViewDelegate {
+public:
+    virtual void viewDidLoad() {}
+    virtual void viewWillAppear() {}
+    virtual void viewWillDisappear() {}
+    virtual void prepareForSegue(Segue& /*segue*/) {}
+};
+
+/** A screen that is one table, which it fills itself or shares the filling of. */
 class TableViewController : public ViewController, public TableViewDelegate {
     Q_OBJECT
     QML_ELEMENT
@@ -22,10 +32,12 @@ public:
     QString rowSegue;
     bool clearsSelectionOnViewWillAppear = true;
 
-    void viewWillAppear() override;
+    void setShared(SharedTableScreen& shared) { m_shared = &shared; }
 
-    /** What answers for the table in the place of each method that the screen does not have. */
-    void setDelegate(TableViewDelegate& delegate) { m_delegate = &delegate; }
+    void viewDidLoad() override;
+    void viewWillAppear() override;
+    void viewWillDisappear() override;
+    void prepareForSegue(Segue& segue, QObject* sender) override;
 
     int numberOfRowsInSection(int section) const override;
     TableViewCell* cellForRowAtIndexPath(int row) override;
@@ -40,7 +52,7 @@ public:
     void commitEditingStyle(EditingStyle style, int row) override;
 
 private:
-    TableViewDelegate m_emptyTable;
-    TableViewDelegate* m_delegate = &m_emptyTable;
+    SharedTableScreen m_nothingShared;
+    SharedTableScreen* m_shared = &m_nothingShared;
     TableView m_tableView;
 };

@@ -21,7 +21,7 @@ auto wireNameList(const QString& breakdown, const QString& records) {
                                     [&list, records] { list.performSegue(records, &list); });
         // For the first screen of a stack, which has nothing of its own to go back to.
         item->setBackBarButtonItem(
-            new BarButtonItem(&list, QStringLiteral("Back"), [&list] { list.UnwindSegue(); }));
+            new BarButtonItem(&list, QStringLiteral("Back"), [&list] { list.list.UnwindSegue(); }));
     };
 }
 
