@@ -1,5 +1,7 @@
 #include "app/AppDelegate.h"
 #include "exchange/ImportViewController.h"
+#include "names/Breakdowns.h"
+#include "names/BrowseLists.h"
 #include "platform/FakePlatform.h"
 #include "quotes/MasterViewController.h"
 #include "store/FoldedTexts.h"
@@ -148,14 +150,20 @@ public:
     MasterViewController list;
 };
 
-/** From nothing in memory to the list sorted by topic, with the rows of a first screen. */
-void open(benchmark::State& state, const Input& input) {
+/** The rows that a first screen of a list shows. */
+void showRows(TableViewController& screen) {
     constexpr int rowsOfAScreen = 12;
+    auto& table = *screen.tableView();
+    for (int row = 0; row < std::min(rowsOfAScreen, table.rowCount()); ++row)
+        table.beginDisplaying(row);
+}
+
+/** From nothing in memory to the list sorted by topic. */
+void open(benchmark::State& state, const Input& input) {
     for ([[maybe_unused]] auto _ : state) {
         auto list = std::make_unique<OpenList>(input, 0);
         list->list.viewWillAppear();
-        for (int row = 0; row < std::min(rowsOfAScreen, int(input.count)); ++row)
-            list->list.tableView()->beginDisplaying(row);
+        showRows(list->list);
         state.PauseTiming();
         list.reset();
         state.ResumeTiming();
@@ -292,15 +300,22 @@ QString busiestAuthor(const std::vector<Event*>& quotes) {
         ->first;
 }
 
-/** What the list of one author's quotes fetches. */
-void breakdown(benchmark::State& state, const Input& input) {
+/** Opens a screen again and again on a store whose records are in memory. */
+template <class Screen>
+void openScreen(benchmark::State& state, const Input& input) {
     Application application(input.storeFolder);
-    auto request = Event::fetchRequest();
-    request.predicate = Event::Keys::author ==
-                        busiestAuthor(application.context().fetch(Event::fetchRequest()).records);
-    request.sortDescriptors = {{Event::Keys::category, true}, {Event::Keys::source, true}};
-    for ([[maybe_unused]] auto _ : state)
-        state.counters["found"] = double(application.context().fetch(request).records.size());
+    const auto quotes = application.context().fetch(Event::fetchRequest()).records;
+    application.selection.chosenAuthorName = busiestAuthor(quotes);
+    for ([[maybe_unused]] auto _ : state) {
+        auto screen = std::make_unique<Screen>(application.delegate);
+        screen->viewDidLoad();
+        screen->viewWillAppear();
+        showRows(*screen);
+        state.counters["rows"] = screen->tableView()->rowCount();
+        state.PauseTiming();
+        screen.reset();
+        state.ResumeTiming();
+    }
 }
 
 /** One quote more, on disk. */
@@ -381,6 +396,15 @@ void sqliteSelect(benchmark::State& state, const Input& input, const Segment& se
         expectQuotes(database.run(), input.count);
 }
 
+/** A peer of the list of authors. */
+void sqliteAuthors(benchmark::State& state, const Input& input) {
+    Database database(input.storeFolder);
+    database.prepare("select author, count(*) from event where author is not null"
+                     " group by author order by author");
+    for ([[maybe_unused]] auto _ : state)
+        state.counters["rows"] = double(database.run());
+}
+
 void sqliteBreakdown(benchmark::State& state, const Input& input) {
     const StoreCopy copy(input);
     QString author;
@@ -393,7 +417,7 @@ void sqliteBreakdown(benchmark::State& state, const Input& input) {
     database.prepare("select * from event where author = ? order by category, source");
     database.bind(author);
     for ([[maybe_unused]] auto _ : state)
-        state.counters["found"] = double(database.run());
+        state.counters["rows"] = double(database.run());
 }
 
 void sqliteSave(benchmark::State& state, const Input& input) {
@@ -429,7 +453,9 @@ void addAll(const Input& input) {
     add("Search/lov", input, growingSearch, input, false);
     add("Search/love", input, growingSearch, input, true);
     add("Memmem", input, memmemSearch, input);
-    add("Breakdown", input, breakdown, input);
+    add("Authors", input, openScreen<AuthorTableViewController>, input);
+    add("SqliteAuthors", input, sqliteAuthors, input);
+    add("Breakdown", input, openScreen<AuthorBreakdownTableViewController>, input);
     add("SqliteBreakdown", input, sqliteBreakdown, input);
     add("Save", input, save, input);
     add("SqliteSave", input, sqliteSave, input);
