@@ -29,6 +29,7 @@ public:
 
     std::vector<Topics*> TopicList;
     ManagedObjectContext* managedObjectContext = nullptr;
+    std::unique_ptr<FetchedResultsController<Topics>> _fetchedResultsController;
 
     void viewDidLoad() override;
     void viewWillAppear() override;
@@ -56,5 +57,4 @@ private:
     FetchedResultsController<Topics>& fetchedResultsController();
 
     AppDelegate& m_application;
-    std::unique_ptr<FetchedResultsController<Topics>> _fetchedResultsController;
 };

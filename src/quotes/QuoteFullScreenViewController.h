@@ -17,7 +17,7 @@ public:
 
     void viewDidLoad() override;
     void viewWillDisappear() override;
-    Q_INVOKABLE void touchesBegan();
+    void touchesBegan() override;
     void ShareButtonTapped();
 
 private:

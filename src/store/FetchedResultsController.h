@@ -26,7 +26,7 @@ protected:
 /** What a fetched list tells its delegate, as values. */
 struct FetchedResultsChange {
     std::optional<int> row;
-    FetchedResultsChangeType type;
+    FetchedResultsChangeType type = FetchedResultsChangeType::Update;
     std::optional<int> newRow;
 
     bool operator==(const FetchedResultsChange&) const = default;
