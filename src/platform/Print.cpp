@@ -4,13 +4,16 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
+#include <QGlyphRun>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRawFont>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextLayout>
 #include <QTextOption>
 
+#include <map>
 #include <vector>
 
 namespace {
@@ -63,6 +66,59 @@ std::vector<std::vector<PlacedLine>> linesByPage(const QTextDocument& document) 
     return pages;
 }
 
+bool isColorBitmap(const QRawFont& font) {
+    // Not by a glyph that lacks an outline: to ask for it spoils the font's measures.
+    return !font.fontTable("CBLC").isEmpty() || !font.fontTable("sbix").isEmpty();
+}
+
+/** A font of colored emoji, at the size of its pictures; each is kept, so that the PDF file holds
+ * it once. */
+struct PictureFont {
+    QRawFont font;
+    std::map<quint32, QImage> pictures; ///< by glyph
+};
+
+QImage draw(const QRawFont& font, quint32 glyph, const QRect& box) {
+    QImage picture(box.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QGlyphRun run;
+    run.setRawFont(font);
+    run.setGlyphIndexes({glyph});
+    run.setPositions({-box.topLeft()});
+    QPainter(&picture).drawGlyphRun({}, run);
+    return picture;
+}
+
+/** Draws a line's emoji of color bitmap fonts, which the PDF engine leaves out since it knows
+ * outlines only. The fonts, by their family, serve all lines. */
+void drawColorBitmaps(QPainter& painter, const PlacedLine& placed,
+                      std::map<QString, PictureFont>& fonts) {
+    constexpr double pictureSize = 128; // dots, about what such fonts have
+    for (const QGlyphRun& run : placed.line.glyphRuns()) {
+        const QRawFont textFont = run.rawFont();
+        if (!isColorBitmap(textFont))
+            continue;
+        auto& [font, pictures] = fonts[textFont.familyName()];
+        if (!font.isValid()) {
+            font = textFont;
+            font.setPixelSize(pictureSize);
+        }
+        const double scale = textFont.pixelSize() / pictureSize;
+        const auto glyphs = run.glyphIndexes();
+        const auto positions = run.positions();
+        for (qsizetype i = 0; i < glyphs.size(); ++i) {
+            const QRect box = font.boundingRect(glyphs[i]).toAlignedRect();
+            if (box.isEmpty()) // of a joiner, say
+                continue;
+            QImage& picture = pictures[glyphs[i]];
+            if (picture.isNull())
+                picture = draw(font, glyphs[i], box);
+            const QPointF corner = placed.place + positions[i] + QPointF(box.topLeft()) * scale;
+            painter.drawImage(QRectF(corner, QSizeF(box.size()) * scale), picture);
+        }
+    }
+}
+
 } // namespace
 
 bool printPages(const PrintJob& job, QPagedPaintDevice& device) {
@@ -85,6 +141,7 @@ bool printPages(const PrintJob& job, QPagedPaintDevice& device) {
     painter.translate(body.topLeft());
     const QPageRanges ranges = device.pageRanges();
     int number = 0;
+    std::map<QString, PictureFont> pictureFonts;
     bool isFirst = true;
     for (const auto& lines : linesByPage(document)) {
         if (!ranges.isEmpty() && !ranges.contains(++number))
@@ -92,10 +149,17 @@ bool printPages(const PrintJob& job, QPagedPaintDevice& device) {
         if (!isFirst)
             device.newPage();
         isFirst = false;
-        for (const PlacedLine& placed : lines)
+        for (const PlacedLine& placed : lines) {
             placed.line.draw(&painter, placed.place);
+            drawColorBitmaps(painter, placed, pictureFonts);
+        }
     }
-    return painter.end();
+    const bool isDone = painter.end();
+    // The PDF engine ends by asking for outlines, after which these fonts would have wrong measures
+    // in the next job. To open a font at another size than the text's mends that.
+    for (auto& [family, pictured] : pictureFonts)
+        pictured.font.setPixelSize(1);
+    return isDone;
 }
 
 std::optional<WriteFailure> printToPdf(const PrintJob& job, const QString& path,

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPrintDialog>
+#include <QPrinter>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -43,6 +44,15 @@ protected:
         return textOfPdf(path("out.pdf"));
     }
 
+    /** The first page of what was printed, a dot for each point. */
+    QImage drawn() const {
+        QProcess drawer;
+        drawer.start(QStringLiteral("pdftoppm"),
+                     {QStringLiteral("-r"), QStringLiteral("72"), path("out.pdf")});
+        EXPECT_TRUE(drawer.waitForFinished()) << "pdftoppm is missing";
+        return QImage::fromData(drawer.readAllStandardOutput());
+    }
+
     QTemporaryDir folder;
 };
 
@@ -58,20 +68,66 @@ TEST_F(Printing, TextsOfAllScriptsAreInThePdf) {
 }
 
 /** The PDF engine names no characters beyond U+FFFF, so an emoji is looked for as ink. */
-TEST_F(Printing, EmojiAreDrawn) {
-    const auto inkOf = [this](const char* text) {
-        printed(QString::fromUtf8(text));
-        QProcess drawer;
-        drawer.start(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), path("out.pdf")});
-        EXPECT_TRUE(drawer.waitForFinished());
-        return QImage::fromData(drawer.readAllStandardOutput());
-    };
-    const QImage blank = inkOf(" ");
-    const QImage missing = inkOf("\U0010FFFD");
-    const QImage emoji = inkOf("😀");
-    ASSERT_FALSE(blank.isNull());
-    EXPECT_NE(emoji, blank);
-    EXPECT_NE(emoji, missing);
+TEST_F(Printing, EmojiAreDrawnBetweenTheWords) {
+    static const QRegularExpression word(
+        QString::fromLatin1(R"re(<word xMin="([\d.]+)" yMin="[\d.]+" xMax="([\d.]+)")re"));
+    for (const char* line : {"left %1 right", "العربية %1 السلام"}) {
+        for (const char* emoji : {"🦊", "😀", "👨‍👩‍👧", "🫶🏽", "🇩🇪", "🦊"}) {
+            SCOPED_TRACE(QString::fromUtf8(line).arg(QString::fromUtf8(emoji)).toStdString());
+            printed(QString::fromUtf8(line).arg(QString::fromUtf8(emoji)));
+            const QImage page = drawn();
+            ASSERT_EQ(page.width(), 595);
+            std::vector<bool> isOfWords(std::size_t(page.width()));
+            int first = page.width();
+            int last = 0;
+            for (auto matches =
+                     word.globalMatch(textOfPdf(path("out.pdf"), {QStringLiteral("-bbox")}));
+                 matches.hasNext();) {
+                const auto match = matches.next();
+                const int begin = int(match.captured(1).toDouble()) - 1;
+                const int end = int(match.captured(2).toDouble()) + 2;
+                std::fill(isOfWords.begin() + begin, isOfWords.begin() + end, true);
+                first = std::min(first, begin);
+                last = std::max(last, end);
+            }
+            int inked = 0; // columns, which are as wide as a point
+            int orange = 0;
+            for (int x = 0; x < page.width(); ++x) {
+                bool isInked = false;
+                for (int y = 0; y < page.height(); ++y) {
+                    const QColor color = page.pixelColor(x, y);
+                    isInked |= color.lightness() < 230;
+                    orange += color.red() > 200 && color.green() < 150 && color.blue() < 100;
+                }
+                if (isInked && !isOfWords[std::size_t(x)]) {
+                    ++inked;
+                    EXPECT_GT(x, first);
+                    EXPECT_LT(x, last);
+                }
+            }
+            EXPECT_GE(inked, 8);
+            EXPECT_LE(inked, 14);
+            if (QLatin1String(emoji) == QLatin1String("🦊")) {
+                EXPECT_GT(orange, 10);
+            }
+        }
+    }
+}
+
+/** Between two jobs the PDF engine has had its way with the fonts. */
+TEST_F(Printing, EmojiLeaveTheNextJobAsItWas) {
+    const QString markup = QStringLiteral(
+        "one 🦊 two 🦊👨‍👩‍👧 <h1>three 🦊</h1> four 🦊 \u200d\ufe0f five");
+    printed(markup);
+    const QImage first = drawn();
+    printed(markup);
+    EXPECT_EQ(drawn(), first);
+    QPrinter printer;
+    printer.setResolution(printResolution);
+    printer.setPageLayout(a4);
+    printer.setOutputFileName(path("out.pdf"));
+    ASSERT_TRUE(printPages(jobOf(markup), printer));
+    EXPECT_EQ(drawn(), first);
 }
 
 /** A thousand quotes fill their pages between the insets, none is lost, and no line is cut. */
