@@ -101,7 +101,7 @@ void Breakdown::prepareForSegue(Segue& segue) {
     if (!detail)
         fatalError(QStringLiteral("A chosen quote leads to another screen than its detail"));
     detail->detailItem = &quote;
-    selection.selectedTopic = required(quote.category(), "topic");
+    selection.selectedTopic = required(quote, quote.category(), "topic");
 }
 
 void Breakdown::show(int row, TableViewCell& cell, Label& topic, Label& source, Label& author) {

@@ -182,7 +182,7 @@ TEST_F(Breakdowns, RequireEveryValueOfAChosenQuote) {
     TopicBreakdownTableViewController screen(application.delegate);
     screen.loadViewIfNeeded();
     EXPECT_EQ(fatalMessageOf([&] { screen.didSelectRowAtIndexPath(1); }),
-              "The chosen quote has no date");
+              "The chosen quote has no date: \"q\"");
     EXPECT_EQ(application.selection.selectedAuthor, "A0");
 }
 

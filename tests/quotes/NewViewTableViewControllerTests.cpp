@@ -39,7 +39,7 @@ TEST(QuotesByTopic, HandsOnACompleteQuoteOnly) {
     EXPECT_EQ(application.selection.selectedQuoteText, "q");
     EXPECT_EQ(application.selection.callingScreen, "Menu");
     EXPECT_EQ(fatalMessageOf([&] { list.didSelectRowAtIndexPath(1); }),
-              "The chosen quote has no date");
+              "The chosen quote has no date: \"q\"");
     EXPECT_EQ(application.selection.selectedTopic, "U"); // what came before stays
     EXPECT_NE(fatalMessageOf([&] { list.didSelectRowAtIndexPath(2); }), "");
 }
