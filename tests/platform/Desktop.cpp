@@ -40,6 +40,14 @@ QByteArray programsFolder() {
     return Desktop::path("programs").toLocal8Bit();
 }
 
+QByteArray outputOf(const char* program, const QStringList& arguments) {
+    QProcess process;
+    process.start(QLatin1String(program), arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        throw std::runtime_error(std::string(program) + " is missing or fails");
+    return process.readAllStandardOutput();
+}
+
 } // namespace
 
 Desktop::Desktop() {
@@ -120,6 +128,16 @@ void write(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size())
         throw std::runtime_error("the test cannot write its file");
+}
+
+QString textOfPdf(const QString& path, const QStringList& options) {
+    return QString::fromUtf8(
+        outputOf("pdftotext", options + QStringList{path, QStringLiteral("-")}));
+}
+
+QImage pictureOfPdf(const QString& path) {
+    return QImage::fromData(
+        outputOf("pdftoppm", {QStringLiteral("-r"), QStringLiteral("72"), path}));
 }
 
 bool waitFor(const std::function<bool()>& condition) {

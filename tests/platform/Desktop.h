@@ -2,6 +2,7 @@
 
 #include "support/PrintText.h"
 
+#include <QImage>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -39,6 +40,11 @@ private:
 /** What a file holds; nothing when there is none. */
 std::optional<QByteArray> contents(const QString& path);
 void write(const QString& path, const QByteArray& bytes);
+
+/** What pdftotext reads in a PDF file. */
+QString textOfPdf(const QString& path, const QStringList& options = {});
+/** The first page of a PDF file, a dot for each point. */
+QImage pictureOfPdf(const QString& path);
 
 /** Handles events until the condition holds; false when it does not within seconds. */
 bool waitFor(const std::function<bool()>& condition);

@@ -26,15 +26,6 @@ PrintJob jobOf(const QString& markup) {
     return job;
 }
 
-/** What pdftotext reads in a PDF file. */
-QString textOfPdf(const QString& path, const QStringList& options = {}) {
-    QProcess reader;
-    reader.start(QStringLiteral("pdftotext"), options + QStringList{path, QStringLiteral("-")});
-    EXPECT_TRUE(reader.waitForFinished()) << "pdftotext is missing";
-    EXPECT_EQ(reader.exitCode(), 0);
-    return QString::fromUtf8(reader.readAllStandardOutput());
-}
-
 class Printing : public testing::Test {
 protected:
     QString path(const char* name) const { return folder.filePath(QLatin1String(name)); }
@@ -42,15 +33,6 @@ protected:
         const auto failure = printToPdf(jobOf(markup), path("out.pdf"), layout);
         EXPECT_FALSE(failure) << failure->description.toStdString();
         return textOfPdf(path("out.pdf"));
-    }
-
-    /** The first page of what was printed, a dot for each point. */
-    QImage drawn() const {
-        QProcess drawer;
-        drawer.start(QStringLiteral("pdftoppm"),
-                     {QStringLiteral("-r"), QStringLiteral("72"), path("out.pdf")});
-        EXPECT_TRUE(drawer.waitForFinished()) << "pdftoppm is missing";
-        return QImage::fromData(drawer.readAllStandardOutput());
     }
 
     QTemporaryDir folder;
@@ -75,7 +57,7 @@ TEST_F(Printing, EmojiAreDrawnBetweenTheWords) {
         for (const char* emoji : {"🦊", "😀", "👨‍👩‍👧", "🫶🏽", "🇩🇪", "🦊"}) {
             SCOPED_TRACE(QString::fromUtf8(line).arg(QString::fromUtf8(emoji)).toStdString());
             printed(QString::fromUtf8(line).arg(QString::fromUtf8(emoji)));
-            const QImage page = drawn();
+            const QImage page = pictureOfPdf(path("out.pdf"));
             ASSERT_EQ(page.width(), 595);
             std::vector<bool> isOfWords(std::size_t(page.width()));
             int first = page.width();
@@ -119,15 +101,15 @@ TEST_F(Printing, EmojiLeaveTheNextJobAsItWas) {
     const QString markup = QStringLiteral(
         "one 🦊 two 🦊👨‍👩‍👧 <h1>three 🦊</h1> four 🦊 \u200d\ufe0f five");
     printed(markup);
-    const QImage first = drawn();
+    const QImage first = pictureOfPdf(path("out.pdf"));
     printed(markup);
-    EXPECT_EQ(drawn(), first);
+    EXPECT_EQ(pictureOfPdf(path("out.pdf")), first);
     QPrinter printer;
     printer.setResolution(printResolution);
     printer.setPageLayout(a4);
     printer.setOutputFileName(path("out.pdf"));
     ASSERT_TRUE(printPages(jobOf(markup), printer));
-    EXPECT_EQ(drawn(), first);
+    EXPECT_EQ(pictureOfPdf(path("out.pdf")), first);
 }
 
 /** A thousand quotes fill their pages between the insets, none is lost, and no line is cut. */
