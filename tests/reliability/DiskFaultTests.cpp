@@ -1,4 +1,5 @@
 #include "exchange/ImportViewController.h"
+#include "quotes/DetailViewController.h"
 #include "reliability/Effort.h"
 #include "reliability/SimulatedDisk.h"
 #include "reliability/StoreContents.h"
@@ -243,4 +244,44 @@ TEST_F(Disk, ThatLosesPowerAtAnyOperationKeepsWhatWasSaved) {
 
 TEST_F(Disk, ThatLosesPowerWhileALogIsCarriedOverKeepsWhatWasSaved) {
     losePowerDuring(manyLargeChanges(), 100 * m_stride + 1, 1);
+}
+
+/** The detail returns as if it had saved; what it could not write, the next save writes. */
+TEST_F(Disk, ThatFailsUnderTheDetailTakesTheNextSave) {
+    const auto save = [](AppDelegate& program, SelectionValues& selection, const QString& author) {
+        const Event& quote = *all<Event>(program).front();
+        selection.selectedAuthor = *quote.author();
+        selection.selectedTopic = *quote.category();
+        selection.selectedSource = *quote.source();
+        selection.selectedDate = quote.timestamp();
+        selection.selectedQuoteText = *quote.quote();
+        selection.callingScreen = QStringLiteral("Master");
+        DetailViewController detail(program);
+        const QStringList& segues = recordSegues(detail);
+        detail.viewDidLoad();
+        detail.viewWillAppear();
+        detail.AuthorTextField->setText(author);
+        detail.QuoteTextView->setText(detail.QuoteTextView->text() + u'!');
+        detail.SaveQuote();
+        EXPECT_EQ(segues, QStringList("unwindToMenu"));
+    };
+    for (const auto fault : {Fault::DiskFull, Fault::IoError}) {
+        SimulatedDisk disk;
+        TestApplication application;
+        const Services& services = application.delegate.services;
+        std::optional<AppDelegate> program(services);
+        addQuotes(*program, 1, QStringLiteral("text"));
+        all<Event>(*program).front()->setTimestamp(Date(std::chrono::milliseconds(0)));
+        program->saveContext();
+        disk.failAt(1, fault, true);
+        save(*program, application.selection, QStringLiteral("B"));
+        EXPECT_TRUE(disk.hasFailed());
+        EXPECT_TRUE(program->persistentContainer().viewContext().hasChanges());
+        disk.heal();
+        save(*program, application.selection, QStringLiteral("C"));
+        program.emplace(services);
+        ASSERT_EQ(all<Event>(*program).size(), 1);
+        EXPECT_EQ(all<Event>(*program).front()->author(), QStringLiteral("C"));
+        EXPECT_EQ(all<Event>(*program).front()->quote(), QStringLiteral("text!!"));
+    }
 }
