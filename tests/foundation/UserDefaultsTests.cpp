@@ -1,11 +1,14 @@
 #include "foundation/FatalError.h"
 #include "foundation/UserDefaults.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace {
 
@@ -78,4 +81,35 @@ TEST_F(UserDefaultsTest, AreReadableByTheirOwnerAlone) {
         defaults.synchronize();
     }
     EXPECT_GT(QFileInfo(m_path).size(), 0);
+}
+
+TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndAFolderThatGoes) {
+    UserDefaults defaults(m_path);
+    const QString key = QStringLiteral("DefaultDate");
+    const auto stored = [this] { // another UserDefaults would share what this one has in memory
+        QFile file(m_path);
+        EXPECT_TRUE(file.open(QFile::ReadOnly));
+        return file.readAll();
+    };
+    defaults.setText(key, QStringLiteral("old"));
+    defaults.synchronize();
+
+    rlimit unlimited{};
+    ::getrlimit(RLIMIT_FSIZE, &unlimited);
+    const rlimit limited{10, unlimited.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN); // fails as a full disk does, without signal
+    ::setrlimit(RLIMIT_FSIZE, &limited);
+    defaults.setText(key, QStringLiteral("new"));
+    defaults.synchronize();
+    ::setrlimit(RLIMIT_FSIZE, &unlimited);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(stored(), "[General]\nDefaultDate=old\n");
+    EXPECT_EQ(defaults.object(key), QStringLiteral("new")) << "the program goes on with it";
+    defaults.synchronize();
+    EXPECT_EQ(stored(), "[General]\nDefaultDate=new\n");
+
+    QDir(QFileInfo(m_path).path()).removeRecursively();
+    defaults.setText(key, QStringLiteral("newer"));
+    defaults.synchronize();
+    EXPECT_EQ(stored(), "[General]\nDefaultDate=newer\n");
 }
