@@ -1,0 +1,154 @@
+#include "Fuzzing.h"
+#include "exchange/CollectionFile.h"
+#include "reliability/SimulatedDisk.h"
+#include "support/TestApplication.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <array>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/** What texts are made of. Fields with the last few of them fall apart when they are read. */
+const std::array<QString, 16> pieces{
+    QStringLiteral("a"),          QStringLiteral("b"),      QStringLiteral("'"),
+    QStringLiteral("@#@"),        QStringLiteral("@'#@"),   QStringLiteral(" "),
+    QStringLiteral("\t"),         QStringLiteral(" +0000"), QStringLiteral("\u2028"),
+    QStringLiteral("\U0001F600"), quoteSectionMarker,       topicSectionMarker,
+    QStringLiteral("[QUOTE^"),    QStringLiteral("^"),      QStringLiteral("\r"),
+    QStringLiteral("\n"),
+};
+constexpr int harmlessPieces = 12;
+constexpr auto offset = 5h; ///< of the local time, from UTC
+
+std::optional<QString> text(Choices& choices, int kinds) {
+    const int length = choices.below(6);
+    if (length == 5)
+        return std::nullopt;
+    QString result = QLatin1String("");
+    for (int i = 0; i < length; ++i)
+        result += pieces.at(std::size_t(choices.below(kinds)));
+    return result;
+}
+
+std::optional<Date> date(Choices& choices) {
+    const int kind = choices.below(3);
+    if (kind == 0)
+        return std::nullopt;
+    std::int64_t number = 0;
+    for (int i = 0; i < 5; ++i)
+        number = number * 256 + choices.below(256);
+    constexpr std::int64_t year1000 = -30'610'224'000;
+    constexpr std::int64_t year9999 = 253'370'764'800;
+    return Date(std::chrono::seconds(year1000 + number % (year9999 - year1000)));
+}
+
+/** What a reader makes of a file, put as plainly as it can be. */
+std::vector<QStringList> plainlyReadQuotes(QString document) {
+    std::vector<QStringList> quotes;
+    document.replace(u'\r', u'\n').remove(u'\'');
+    for (const QString& line : document.split(u'\n')) {
+        QStringList fields = line.split(u'^');
+        fields.resize(5);
+        fields[4].replace(QStringLiteral("@#@"), QStringLiteral("\n"));
+        if (!fields[1].isEmpty())
+            quotes.push_back(fields);
+    }
+    return quotes;
+}
+
+QString trimmed(QString name) {
+    static const QRegularExpression blanks(QStringLiteral("\\A[ \\t]+|[ \\t]+\\z"));
+    return name.remove(blanks);
+}
+
+std::vector<QString> plainlyReadTopics(QString document) {
+    const QStringList lines = document.replace(u'\r', u'\n').split(u'\n');
+    std::vector<QString> topics;
+    for (const QString& line : lines.mid(lines.indexOf(topicSectionMarker) + 1)) {
+        if (!line.isEmpty())
+            topics.push_back(trimmed(line.section(u'^', -1)));
+    }
+    return topics;
+}
+
+/** A quote without what gets lost in a file, if it does not get lost as a whole. */
+std::optional<QStringList> kept(const Event& quote) {
+    QString text = quote.quote().value_or(QString());
+    text.replace(u'\n', QStringLiteral("@#@"));
+    const auto date = quote.timestamp();
+    QStringList fields{quote.author().value_or(QString()), quote.category().value_or(QString()),
+                       quote.source().value_or(QString()), date ? formatUtc(*date) : QString(),
+                       text};
+    fields.replaceInStrings(QStringLiteral("'"), QString());
+    fields[4].replace(QStringLiteral("@#@"), QStringLiteral("\n"));
+    return fields[1].isEmpty() ? std::nullopt : std::optional(fields);
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
+    const SimulatedDisk disk;
+    TestApplication application;
+    Choices choices(bytes, std::min<std::size_t>(count, 2000));
+    const bool isHarmless = choices.below(2) == 0;
+    const int kinds = isHarmless ? harmlessPieces : int(pieces.size());
+
+    QString document = quoteSectionMarker + u'\n';
+    std::vector<QStringList> keptQuotes;
+    std::vector<Date> dates;
+    while (choices.below(16) != 0) {
+        Event& quote = *application.context().insert<Event>();
+        quote.setAuthor(text(choices, kinds));
+        quote.setCategory(text(choices, kinds));
+        quote.setSource(text(choices, kinds));
+        quote.setTimestamp(date(choices));
+        auto words = text(choices, kinds);
+        if (words && choices.below(2) == 1)
+            words->append(QStringLiteral("\nx"));
+        quote.setQuote(words);
+        const QString message = fatalMessageOf([&] { document += collectionLine(quote); });
+        require(message.isEmpty() == quote.source().has_value(), "each quote needs a source");
+        const auto fields = kept(quote);
+        if (quote.source() && fields) {
+            keptQuotes.push_back(*fields);
+            if (quote.timestamp())
+                dates.push_back(*quote.timestamp() - offset);
+        }
+    }
+    document += topicSectionMarker + u'\n';
+    std::vector<QString> keptTopics;
+    while (choices.below(8) != 0) {
+        Topics& topic = *application.context().insert<Topics>();
+        topic.setTopic(text(choices, kinds));
+        document += collectionLine(topic);
+        const QString name = topic.topic().value_or(QString());
+        if (!name.isEmpty())
+            keptTopics.push_back(trimmed(name));
+    }
+
+    std::vector<QStringList> quotes;
+    const bool isRead = readQuoteLines(document, [&](const QuoteLine& line) {
+        quotes.push_back({line.author, line.topic, line.source, line.date, line.quote});
+    });
+    const std::vector<QString> topics = readTopicNames(document);
+    require(isRead, "what is written is known for a collection");
+    require(quotes == plainlyReadQuotes(document), "quotes are read line by line");
+    require(topics == plainlyReadTopics(document), "topics are read line by line");
+    if (!isHarmless)
+        return 0;
+    require(quotes == keptQuotes, "quotes lose apostrophes, and nothing else");
+    require(topics == keptTopics, "topics lose the blanks around them, and nothing else");
+    const Environment environment{[] { return Date(); }, QStringLiteral("en_US"),
+                                  QStringLiteral("Etc/GMT-5")};
+    std::vector<Date> datesRead;
+    for (const QStringList& quote : quotes) {
+        if (!quote[3].isEmpty())
+            datesRead.push_back(readDate(quote[3], environment).value());
+    }
+    require(datesRead == dates, "dates move by the offset of the local time");
+    return 0;
+}
