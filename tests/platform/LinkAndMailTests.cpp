@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -103,6 +104,21 @@ TEST_F(LinksAndMail, MailThatThePortalCannotOpenGoesToXdgEmail) {
     platform.mail(messageWith("x"));
     EXPECT_TRUE(Desktop::callOf("xdg-email"));
     EXPECT_FALSE(portal.options.isEmpty());
+}
+
+TEST_F(LinksAndMail, AttachmentsAreTheirOwnersAloneWhateverTheUmask) {
+    const mode_t umask = ::umask(0);
+    DesktopPlatform open;
+    open.mail(messageWith("x"));
+    ::umask(umask);
+    const auto call = Desktop::callOf("xdg-email");
+    ASSERT_TRUE(call && call->size() == 3);
+    const QString folder = QFileInfo(call->at(2)).path();
+    for (const QString& path : {folder, QFileInfo(folder).path()}) {
+        struct stat status {};
+        ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777, mode_t(0700)) << path.toStdString();
+    }
 }
 
 TEST_F(LinksAndMail, WithoutAPortalXdgEmailGetsMailWithItsAttachment) {
