@@ -1,4 +1,5 @@
 #include "Fuzzing.h"
+#include "ListTexts.h"
 #include "quotes/MasterTableViewCell.h"
 #include "quotes/MasterViewController.h"
 #include "reliability/SimulatedDisk.h"
@@ -8,26 +9,6 @@
 #include <array>
 
 namespace {
-
-/** Texts that sort or fold in ways of their own. */
-const std::array<std::optional<QString>, 16> texts{
-    std::nullopt,
-    QStringLiteral(""),
-    QStringLiteral("a"),
-    QStringLiteral("A"),
-    QStringLiteral("Ann"),
-    QStringLiteral("ann's"),
-    QStringLiteral("\u00c4nn"),
-    QStringLiteral("\u0130"),
-    QStringLiteral("i"),
-    QStringLiteral("\u00df"),
-    QStringLiteral("SS"),
-    QStringLiteral("\uffee"),
-    QStringLiteral("\U0001F600"),
-    QStringLiteral("\u03a3\u03a3"),
-    QStringLiteral("\u03c2"),
-    QStringLiteral("a\nb"),
-};
 
 /** The list as it must be: a plain copy of the quotes, sorted and searched by comparing texts. */
 class Model {
@@ -72,15 +53,8 @@ public:
         if (searchText.isEmpty())
             return;
         std::erase_if(filtered, [this](std::size_t i) {
-            const auto& field = quotes[i].fields.at(segment);
-            return !field || !field->toLower().contains(searchText.toLower());
+            return !matches(quotes[i].fields.at(segment), searchText);
         });
-    }
-
-private:
-    /** Absent before empty, then by code points. */
-    static std::pair<bool, std::string> sortable(const std::optional<QString>& text) {
-        return {text.has_value(), text.value_or(QString()).toStdString()};
     }
 };
 

@@ -1,9 +1,9 @@
 #include "exchange/ImportViewController.h"
-#include "names/NameForms.h"
 #include "names/RecordLists.h"
 #include "names/TopicTableTableViewController.h"
 #include "quotes/DetailViewController.h"
 #include "reliability/Effort.h"
+#include "reliability/NameForms.h"
 #include "reliability/SimulatedDisk.h"
 #include "reliability/StoreContents.h"
 #include "support/TestApplication.h"
@@ -69,18 +69,14 @@ void importFile(AppDelegate& program) {
 }
 
 void addTopic(AppDelegate& program) {
-    TopicViewController add(program);
-    add.viewDidLoad();
-    add.TopicTextField->setText(QStringLiteral("added in a form"));
-    add.SaveTopic();
+    saveName(program, &TopicViewController::TopicTextField, &TopicViewController::SaveTopic,
+             QStringLiteral("added in a form"));
 }
 
 void renameAuthor(AppDelegate& program) {
     program.services.selection.chosenAuthorName = QString(500, u'c');
-    EditAuthorViewController edit(program);
-    edit.viewDidLoad();
-    edit.AuthorTextField->setText(QStringLiteral("renamed in a form"));
-    edit.SaveAuthor();
+    saveName(program, &EditAuthorViewController::AuthorTextField,
+             &EditAuthorViewController::SaveAuthor, QStringLiteral("renamed in a form"));
 }
 
 /** Deletes the first name of a list by its swipe. */

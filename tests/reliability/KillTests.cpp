@@ -2,7 +2,6 @@
 #include "exchange/CollectionFile.h"
 #include "exchange/ExportViewController.h"
 #include "exchange/ImportViewController.h"
-#include "names/NameForms.h"
 #include "names/RecordLists.h"
 #include "names/TopicTableTableViewController.h"
 #include "platform/Files.h"
@@ -10,6 +9,7 @@
 #include "quotes/DetailViewController.h"
 #include "quotes/MasterViewController.h"
 #include "reliability/Effort.h"
+#include "reliability/NameForms.h"
 #include "reliability/StoreContents.h"
 #include "settings/DefaultsViewController.h"
 #include "support/TestApplication.h"
@@ -368,23 +368,16 @@ private:
             ::_exit(EXIT_FAILURE);
     }
 
-    template <class Form>
-    void saveForm(TextField* const Form::*field, void (Form::*save)(), const QString& name) {
-        Form form(*m_program);
-        form.viewDidLoad();
-        (form.*field)->setText(name);
-        (form.*save)();
-    }
-
     void addName(const QString& name) {
         if (name.startsWith(kindsOfNames[0]))
-            saveForm(&AddAuthorViewController::AuthorTextField,
+            saveName(*m_program, &AddAuthorViewController::AuthorTextField,
                      &AddAuthorViewController::SaveAuthor, name);
         else if (name.startsWith(kindsOfNames[1]))
-            saveForm(&AddSourceViewController::SourceTextField,
+            saveName(*m_program, &AddSourceViewController::SourceTextField,
                      &AddSourceViewController::SaveSource, name);
         else
-            saveForm(&TopicViewController::TopicTextField, &TopicViewController::SaveTopic, name);
+            saveName(*m_program, &TopicViewController::TopicTextField,
+                     &TopicViewController::SaveTopic, name);
     }
 
     /** Opens the list of the records like a name, and chooses its row. */
@@ -411,13 +404,13 @@ private:
     void renameName(const QString& before, const QString& after) {
         const auto [list, row] = chooseName(before);
         if (before.startsWith(kindsOfNames[0]))
-            saveForm(&EditAuthorViewController::AuthorTextField,
+            saveName(*m_program, &EditAuthorViewController::AuthorTextField,
                      &EditAuthorViewController::SaveAuthor, after);
         else if (before.startsWith(kindsOfNames[1]))
-            saveForm(&EditSourceViewController::SourceTextField,
+            saveName(*m_program, &EditSourceViewController::SourceTextField,
                      &EditSourceViewController::SaveSource, after);
         else
-            saveForm(&EditTopicViewController::TopicTextField,
+            saveName(*m_program, &EditTopicViewController::TopicTextField,
                      &EditTopicViewController::SaveButtonTapped, after);
     }
 
