@@ -5,6 +5,12 @@ import Lantern
 TableRow {
     id: root
 
+    /** Stays while the row is between two cells, so that its lines need not be made anew. */
+    property int lineCount: 0
+
+    onCellChanged: if (cell !== null)
+        lineCount = cell.labels.length
+
     contentItem: Item {
         implicitHeight: children[0]?.implicitHeight ?? 0
 
@@ -13,15 +19,14 @@ TableRow {
             width: parent.width
 
             Repeater {
-                model: root.cell?.labels ?? []
+                model: root.lineCount
 
                 LabelView {
                     required property int index
-                    required property QtObject modelData
 
                     width: parent?.width ?? 0
                     visible: text !== ""
-                    control: modelData as ToolkitLabel
+                    control: root.labelAt(index)
                     color: index === 0 ? Theme.ink : Theme.faintInk
                     elide: Text.ElideRight
                     maximumLineCount: 1
