@@ -55,23 +55,30 @@ Item {
         onClicked: root.controller.goBack()
     }
 
-    PlainText {
-        readonly property bool centered: implicitWidth <= root.width - 2 * root.sideWidth
-
-        x: centered ? root.sideWidth : root.leftWidth
-        width: root.width - (centered ? 2 * root.sideWidth : root.leftWidth + root.rightWidth)
+    // What a screen reader tells, even where the title finds no room.
+    Item {
+        width: root.width
         height: Theme.barHeight
-        // A title of which no letter fits is better not begun.
         visible: root.navigationItem.titleView === null
-                 && (width >= implicitWidth || width >= Theme.touchTarget)
-        text: root.navigationItem.title
-        font.bold: true
-        elide: Text.ElideRight
-        wrapMode: Text.NoWrap
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
         Accessible.role: Accessible.Heading
-        Accessible.name: text
+        Accessible.name: root.navigationItem.title
+
+        PlainText {
+            readonly property bool centered: implicitWidth <= root.width - 2 * root.sideWidth
+
+            x: centered ? root.sideWidth : root.leftWidth
+            width: root.width - (centered ? 2 * root.sideWidth : root.leftWidth + root.rightWidth)
+            height: Theme.barHeight
+            // A title of which no letter fits is better not begun.
+            visible: width >= implicitWidth || width >= Theme.touchTarget
+            text: root.navigationItem.title
+            font.bold: true
+            elide: Text.ElideRight
+            wrapMode: Text.NoWrap
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            Accessible.ignored: true
+        }
     }
 
     Repeater {

@@ -4,6 +4,8 @@
 #include "quotes/QuoteFullScreenViewController.h"
 #include "toolkit/ActivityViewController.h"
 
+#include <QAccessible>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -163,6 +165,21 @@ TEST_F(ReadingViews, SmallestWindowShowsTheFieldAboveRoomyDays) {
     };
     EXPECT_GE(top("Date"), 52); // below the navigation bar
     EXPECT_LE(top("Date") + 44, top("Done"));
+}
+
+TEST_F(ReadingViews, SmallestWindowTellsTheHeadingThatItHasNoRoomFor) {
+    pilot->resize({320, 480});
+    const QString title = openDetail().title();
+    EXPECT_GT(pilot->placeOf(title).top(), 52); // below the navigation bar
+    QStringList headings;
+    std::function<void(QAccessibleInterface*)> read = [&](QAccessibleInterface* item) {
+        if (item->role() == QAccessible::Heading && !item->state().invisible)
+            headings.append(item->text(QAccessible::Name));
+        for (int i = 0; i < item->childCount(); ++i)
+            read(item->child(i));
+    };
+    read(QAccessible::queryAccessibleInterface(&program.quickWindow()));
+    EXPECT_EQ(headings, QStringList(title));
 }
 
 TEST_F(ReadingViews, LongNamesBeginInTheirFields) {
