@@ -1,4 +1,5 @@
 #include "app/AppDelegate.h"
+#include "exchange/ExportViewController.h"
 #include "exchange/ImportViewController.h"
 #include "names/Breakdowns.h"
 #include "names/BrowseLists.h"
@@ -271,6 +272,20 @@ void importAgain(benchmark::State& state, const Input& input) {
     expectQuotesInStore(application, input.count);
 }
 
+/** Makes the file and saves it, with the steps of the progress bar that wait for their turn. */
+void exportAll(benchmark::State& state, const Input& input) {
+    Application application(input.storeFolder);
+    expectQuotesInStore(application, input.count);
+    for ([[maybe_unused]] auto _ : state) {
+        ExportViewController screen(application.delegate);
+        screen.viewDidLoad();
+        screen.CreateUpdateFile();
+        screen.SaveToFiles();
+        QCoreApplication::processEvents();
+        state.counters["bytes"] = double(screen.DataString->size());
+    }
+}
+
 /** A copy of the store, which a benchmark may change. */
 class StoreCopy {
 public:
@@ -460,6 +475,7 @@ void addAll(const Input& input) {
     add("Save", input, save, input);
     add("SqliteSave", input, sqliteSave, input);
     add("Import", input, importOnce, input);
+    add("Export", input, exportAll, input);
     add("ImportAgain", input, importAgain, input);
 }
 
