@@ -134,7 +134,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
     const bool isRead = readQuoteLines(document, [&](const QuoteLine& line) {
         quotes.push_back({line.author, line.topic, line.source, line.date, line.quote});
     });
-    const std::vector<QString> topics = readTopicNames(document);
+    std::vector<QString> topics;
+    readTopicNames(document, [&topics](const QString& name) { topics.push_back(name); });
     require(isRead, "what is written is known for a collection");
     require(quotes == plainlyReadQuotes(document), "quotes are read line by line");
     require(topics == plainlyReadTopics(document), "topics are read line by line");

@@ -177,17 +177,15 @@ bool readQuoteLines(const QString& document, const std::function<void(const Quot
     return true;
 }
 
-std::vector<QString> readTopicNames(const QString& document) {
-    std::vector<QString> names;
+void readTopicNames(const QString& document, const std::function<void(const QString&)>& use) {
     bool inTopics = false;
     LineReader reader(document);
     while (reader.next()) {
         const QStringView line = reader.line();
         if (inTopics && !line.isEmpty())
-            names.push_back(trimmedOfBlanks(line.sliced(line.lastIndexOf(u'^') + 1)));
+            use(trimmedOfBlanks(line.sliced(line.lastIndexOf(u'^') + 1)));
         inTopics = inTopics || line == topicSectionMarker;
     }
-    return names;
 }
 
 std::optional<Date> readDate(const QString& field, const Environment& environment) {

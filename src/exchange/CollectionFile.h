@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <optional>
-#include <vector>
 
 /** The lines that begin the two sections of a collection file. */
 inline const auto quoteSectionMarker = QStringLiteral("[QUOTECOLLECTION]");
@@ -39,9 +38,9 @@ struct QuoteLine {
  */
 bool readQuoteLines(const QString& document, const std::function<void(const QuoteLine&)>& use);
 
-/** The names in the topic section of a collection file's text, in file order, repetitions
- * included. Whether the text is a quote collection is left to readQuoteLines. */
-std::vector<QString> readTopicNames(const QString& document);
+/** Hands over the names in the topic section of a collection file's text, in file order,
+ * repetitions included. Whether the text is a quote collection is left to readQuoteLines. */
+void readTopicNames(const QString& document, const std::function<void(const QString&)>& use);
 
 /** Reads the date field of a quote line, with dots or hyphens in the day, as local time: its UTC
  * offset "+0000" is dropped. Nothing when it is no date, as with an empty field. */

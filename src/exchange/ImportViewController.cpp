@@ -136,25 +136,29 @@ void ImportViewController::importTopics() {
     if (wrongFile.value_or(true))
         return;
     const QSet<QString> known(TopicList.cbegin(), TopicList.cend());
-    for (const QString& name : readTopicNames(*document)) {
+    readTopicNames(*document, [&](const QString& name) {
         theTopic = name;
-        if (!known.contains(theTopic)) {
-            managedObjectContext->insert<Topics>()->setTopic(theTopic);
-            save();
-            continue;
+        if (known.contains(theTopic)) {
+            updateTopic();
+            return;
         }
-        auto request = Topics::fetchRequest();
-        request.predicate = Topics::Keys::topic == theTopic;
-        auto found = managedObjectContext->fetch(request);
-        if (found.error)
-            qCWarning(lcExchange) << found.error->description;
-        topicResults = std::move(found.records);
-        topicCount = qsizetype(topicResults.size());
-        if (topicResults.empty())
-            fatalError(QStringLiteral("The topic \"%1\" is stored only with blanks around it")
-                           .arg(theTopic));
-        topicResults.front()->setTopic(theTopic);
-    }
+        managedObjectContext->insert<Topics>()->setTopic(theTopic);
+        save();
+    });
+}
+
+void ImportViewController::updateTopic() {
+    auto request = Topics::fetchRequest();
+    request.predicate = Topics::Keys::topic == theTopic;
+    auto found = managedObjectContext->fetch(request);
+    if (found.error)
+        qCWarning(lcExchange) << found.error->description;
+    topicResults = std::move(found.records);
+    topicCount = qsizetype(topicResults.size());
+    if (topicResults.empty())
+        fatalError(
+            QStringLiteral("The topic \"%1\" is stored only with blanks around it").arg(theTopic));
+    topicResults.front()->setTopic(theTopic);
 }
 
 void ImportViewController::save() {

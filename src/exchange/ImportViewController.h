@@ -56,6 +56,7 @@ private:
     void importQuotes();
     void importQuote(const QuoteLine& line);
     void importTopics();
+    void updateTopic();
     void save();
     void report();
 

@@ -28,7 +28,10 @@ QuoteLine quote(const char* author, const char* topic, const char* source, const
 }
 
 std::vector<QString> topics(const char* document) {
-    return readTopicNames(QString::fromUtf8(document));
+    std::vector<QString> names;
+    readTopicNames(QString::fromUtf8(document),
+                   [&names](const QString& name) { names.push_back(name); });
+    return names;
 }
 
 } // namespace

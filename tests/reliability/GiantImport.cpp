@@ -78,7 +78,7 @@ int import(const Giant& giant) {
                 double(timer.elapsed()) / 1000, static_cast<long long>(memory / mebibyte),
                 isImported ? "" : ", NOT AS EXPECTED");
     std::fflush(stdout);
-    return isImported && (!isMemoryTelling || memory < 12 * giant.size + 64 * mebibyte)
+    return isImported && (!isMemoryTelling || memory < 10 * giant.size + 64 * mebibyte)
                ? EXIT_SUCCESS
                : EXIT_FAILURE;
 }

@@ -555,8 +555,7 @@ protected:
             result.insert(
                 QStringList({line.author, line.topic, line.source, line.quote}).join(u'^'));
         }));
-        for (const QString& topic : readTopicNames(text))
-            result.insert(topic);
+        readTopicNames(text, [&result](const QString& topic) { result.insert(topic); });
         return result;
     }
 
@@ -593,6 +592,8 @@ TEST_F(Killing, AtAnyMomentLosesNothing) {
         }
         const auto childSeed = unsigned(random());
         expectNothingLost(killOnce(childSeed, useconds_t(random() % longestLife)));
+        if ((round + 1) % 100 == 0)
+            std::cout << round + 1 << " kills" << std::endl;
     }
     std::cout << kills << " kills, " << m_actions << " acknowledged actions, "
               << m_model.quotes.size() << " quotes at the end\n";
