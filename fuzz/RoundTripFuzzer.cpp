@@ -1,6 +1,5 @@
 #include "Fuzzing.h"
 #include "exchange/CollectionFile.h"
-#include "reliability/SimulatedDisk.h"
 #include "support/TestApplication.h"
 
 #include <QRegularExpression>
@@ -75,6 +74,16 @@ std::vector<QString> plainlyReadTopics(QString document) {
     return topics;
 }
 
+/** Records that are not saved, the same ones in each run: only what they hold is written. */
+template <class Record>
+Record& record(std::size_t number) {
+    static TestApplication application;
+    static std::vector<Record*> records;
+    while (records.size() <= number)
+        records.push_back(application.context().insert<Record>());
+    return *records[number];
+}
+
 /** A quote without what gets lost in a file, if it does not get lost as a whole. */
 std::optional<QStringList> kept(const Event& quote) {
     QString text = quote.quote().value_or(QString());
@@ -91,8 +100,6 @@ std::optional<QStringList> kept(const Event& quote) {
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
-    const SimulatedDisk disk;
-    TestApplication application;
     Choices choices(bytes, std::min<std::size_t>(count, 2000));
     const bool isHarmless = choices.below(2) == 0;
     const int kinds = isHarmless ? harmlessPieces : int(pieces.size());
@@ -100,8 +107,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
     QString document = quoteSectionMarker + u'\n';
     std::vector<QStringList> keptQuotes;
     std::vector<Date> dates;
-    while (choices.below(16) != 0) {
-        Event& quote = *application.context().insert<Event>();
+    for (std::size_t i = 0; choices.below(16) != 0; ++i) {
+        Event& quote = record<Event>(i);
         quote.setAuthor(text(choices, kinds));
         quote.setCategory(text(choices, kinds));
         quote.setSource(text(choices, kinds));
@@ -121,8 +128,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
     }
     document += topicSectionMarker + u'\n';
     std::vector<QString> keptTopics;
-    while (choices.below(8) != 0) {
-        Topics& topic = *application.context().insert<Topics>();
+    for (std::size_t i = 0; choices.below(8) != 0; ++i) {
+        Topics& topic = record<Topics>(i);
         topic.setTopic(text(choices, kinds));
         document += collectionLine(topic);
         const QString name = topic.topic().value_or(QString());
