@@ -1,4 +1,10 @@
+#include "exchange/ExportViewController.h"
 #include "exchange/ImportViewController.h"
+#include "exchange/PrintQuoteViewController.h"
+#include "names/Breakdowns.h"
+#include "names/BrowseLists.h"
+#include "names/RecordLists.h"
+#include "names/TopicTableTableViewController.h"
 #include "quotes/AddViewController.h"
 #include "quotes/DetailViewController.h"
 #include "quotes/MasterViewController.h"
@@ -78,7 +84,39 @@ protected:
             choice->toggle();
             choice->toggle();
         }
+        useNames();
+        ExportViewController exported(application.delegate);
+        exported.viewDidLoad();
+        exported.CreateUpdateFile();
+        exported.SaveToFiles();
+        application.mainQueue.runAll();
         QCoreApplication::processEvents();
+    }
+
+    static void showAllRows(TableViewController& list) {
+        list.loadViewIfNeeded();
+        list.viewWillAppear();
+        for (int row = 0; row < list.numberOfRowsInSection(0); ++row)
+            list.tableView()->endDisplaying(list.tableView()->beginDisplaying(row));
+    }
+
+    void useNames() {
+        AuthorTableViewController authors(application.delegate);
+        showAllRows(authors);
+        authors.list.searchController->searchBar()->setText(QStringLiteral("4"));
+        authors.list.SortData();
+        authors.didSelectRowAtIndexPath(0);
+        AuthorBreakdownTableViewController quotes(application.delegate);
+        showAllRows(quotes);
+        application.selection.callingScreen = QStringLiteral("AuthorBreakdown");
+        PrintQuoteViewController print(application.delegate);
+        print.viewDidLoad();
+        print.CreateFileClick();
+        application.platform.printed.clear();
+        NewAuthorTableViewController names(application.delegate);
+        showAllRows(names);
+        TopicTableTableViewController topics(application.delegate);
+        showAllRows(topics);
     }
 
     TestApplication application;

@@ -48,11 +48,24 @@ protected:
 
     /** Through every screen, back to the menu. */
     void walkAround() {
-        for (const char* option : {"Quotes by Topic", "Add New Quote", "Topics", "Reference Lists",
-                                   "Import", "Export", "Rate/Share", "Settings"}) {
+        for (const char* option : {"Quotes by Topic", "Add New Quote", "Topics", "Import", "Export",
+                                   "Rate/Share", "Settings"}) {
             open(option);
             tap("Back");
         }
+        open("Reference Lists");
+        tap("Authors");
+        tap("Author 3");
+        tap("Print");
+        tap("Create File");
+        tap("Back");
+        tap("Back");
+        tap("Names");
+        tap("Author 3");
+        tap("Back");
+        tap("Add");
+        while (program.navigation().depth() > 1)
+            tap("Back");
         open("Quotes by Group");
         tap("Topics");
         tap("Sources");
