@@ -279,8 +279,8 @@ private:
     }
 
     void nameRecords() {
-        recordsOf("Author", "A. N. Other");
-        recordsOf("Source", "A Book");
+        recordsOf("Author", "\"Saki\"");
+        recordsOf("Source", "\"Emma\"");
         open("Topics");
         shoot("topic-names", "art");
         m_pilot.tap(QStringLiteral("Add"));
