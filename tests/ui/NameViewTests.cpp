@@ -8,6 +8,7 @@
 #include "names/TopicTableTableViewController.h"
 #include "quotes/AddViewController.h"
 #include "quotes/DetailViewController.h"
+#include "quotes/NewViewTableViewController.h"
 #include "toolkit/TabBarController.h"
 
 #include <QTest>
@@ -140,6 +141,12 @@ TEST_F(NameViews, WhatIsLookedAtInBetweenChangesNeitherQuoteNorGroup) {
 
 TEST_F(NameViews, AFormThatOpenedANameListReturnsToWhoOpenedIt) {
     open<AddViewController>("Add New Quote");
+    tap("Topic list");
+    top<TopicTableTableViewController>();
+    goBack();
+    tap("Source list");
+    top<NewSourceTableViewController>();
+    goBack();
     tap("Author list");
     top<NewAuthorTableViewController>();
     tap("Add");
@@ -188,6 +195,24 @@ TEST_F(NameViews, TopicsAreAddedEditedAndDeletedByKeyboard) {
     tap("Delete");
     EXPECT_TRUE(pilot->waitFor([&] { return !pilot->look(QStringLiteral("c")); }));
     EXPECT_EQ(context().fetch(Topics::fetchRequest()).records.size(), 1U);
+}
+
+TEST_F(NameViews, AQuoteByTopicIsReachedAndLeftByDragging) {
+    for (int number = 100; number < 160; ++number)
+        addQuote(QStringLiteral("A"), QString::number(number), QString::number(number));
+    open("Quotes by Topic");
+    const QQuickItem& rows = pilot->find(QStringLiteral("Rows"));
+    for (int drags = 0; drags < 3; ++drags)
+        pilot->drag(rows, {0, -300});
+    const double place = rows.property("contentY").toDouble();
+    EXPECT_GT(place, 600);
+    const auto shown = pilot->findAll(QStringLiteral("Source"));
+    pilot->tap(*shown.at(shown.size() / 2));
+    const QString text = top<DetailViewController>().QuoteTextView->text();
+    EXPECT_GT(text.toInt(), 105);
+    pilot->drag(QPoint(3, 400), {300, 0}); // in from the left edge
+    EXPECT_EQ(top<NewViewTableViewController>().unfilteredEvent.size(), 60U);
+    EXPECT_NEAR(pilot->find(QStringLiteral("Rows")).property("contentY").toDouble(), place, 1);
 }
 
 TEST_F(NameViews, AListKeepsItsPlaceWhileANameIsLookedAt) {
