@@ -2,7 +2,7 @@
 
 #include "foundation/FatalError.h"
 
-#include <QStringList>
+#include <QStringBuilder>
 
 #include <algorithm>
 #include <array>
@@ -51,7 +51,7 @@ private:
 // QString::replace moves the rest of the text again and again: too slow for a long one.
 QString replaced(QStringView text, QStringView before, QStringView after) {
     QString result;
-    result.reserve(text.size());
+    result.reserve(text.size() + 16 * after.size());
     for (;;) {
         const qsizetype position = text.indexOf(before);
         result.append(text.left(position));
@@ -143,11 +143,9 @@ QString collectionLine(const Event& quote) {
         fatalError(QStringLiteral("A quote without a source cannot be exported: ") +
                    describe(quote));
     const auto date = quote.timestamp();
-    const QStringList fields{quote.author().value_or(QString()),
-                             quote.category().value_or(QString()), *source,
-                             date ? formatUtc(*date) : QString(),
-                             replaced(quote.quote().value_or(QString()), u"\n", u"@#@")};
-    return fields.join(u'^') + u'\n';
+    return quote.author().value_or(QString()) % u'^' % quote.category().value_or(QString()) % u'^' %
+           *source % u'^' % (date ? formatUtc(*date) : QString()) % u'^' %
+           replaced(quote.quote().value_or(QString()), u"\n", u"@#@") % u'\n';
 }
 
 QString collectionLine(const Topics& topic) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QObject>
+
 #include <functional>
+#include <vector>
 
 /** Work for the main thread, later: as soon as possible, or after some seconds. */
 class MainQueue {
@@ -15,4 +18,11 @@ class EventLoopMainQueue final : public MainQueue {
 public:
     void async(std::function<void()> work) override;
     void after(double seconds, std::function<void()> work) override;
+
+private:
+    void runAll();
+
+    // One event for all of it: the loop takes far longer over an event than most work does.
+    std::vector<std::function<void()>> m_waiting;
+    QObject m_event; // which goes with this
 };
