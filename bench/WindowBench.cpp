@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QQuickStyle>
 
 #include <algorithm>
 #include <cstdio>
@@ -109,7 +108,6 @@ QJsonObject measured(const QString& storeFolder) {
  * in bytes, and in milliseconds how long rows and frames take while the list is flicked. */
 int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
     if (argc != 2) {
         std::fputs("usage: WindowBench STOREFOLDER\n", stderr);
         return EXIT_FAILURE;

@@ -1,11 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Lantern
 
 /** The actions of one row, for a mouse. */
-Menu {
+T.Menu {
     id: root
 
     property int row: -1
@@ -13,20 +13,53 @@ Menu {
 
     signal chosen(row: int, action: int)
 
+    implicitWidth: implicitBackgroundWidth
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    margins: Theme.gap
+    verticalPadding: Theme.gap / 2
+
+    background: Rectangle {
+        implicitWidth: 200
+        radius: 8
+        color: Theme.surface
+        border.color: Theme.line
+    }
+
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: root.contentModel
+        currentIndex: root.currentIndex
+        interactive: false
+    }
+
     Instantiator {
         model: root.titles
-        onObjectAdded: (index, object) => root.insertItem(index, object as MenuItem)
-        onObjectRemoved: (index, object) => root.removeItem(object as MenuItem)
+        onObjectAdded: (index, object) => root.insertItem(index, object as T.MenuItem)
+        onObjectRemoved: (index, object) => root.removeItem(object as T.MenuItem)
 
-        MenuItem {
+        T.MenuItem {
+            id: item
+
             required property int index
             required property string modelData
 
             implicitHeight: Theme.touchTarget
+            leftPadding: Theme.margin
+            rightPadding: Theme.margin
             text: modelData
             objectName: text
-            font.pixelSize: Theme.bodyFont
             onTriggered: root.chosen(root.row, index)
+
+            background: Rectangle {
+                color: item.highlighted || item.down ? Theme.pressed : "transparent"
+            }
+
+            contentItem: PlainText {
+                text: item.text
+                elide: Text.ElideRight
+                wrapMode: Text.NoWrap
+                verticalAlignment: Text.AlignVCenter
+            }
         }
     }
 }

@@ -1,11 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Lantern
 
 /** The window. A fatal message takes the place of everything else in it. */
-ApplicationWindow {
+T.ApplicationWindow {
     id: root
 
     required property Keyboard keyboard

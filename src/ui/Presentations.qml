@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Dialogs
 import Lantern
 
 /** Shows what the screens present over the whole window. */
@@ -10,13 +9,6 @@ Item {
 
     readonly property ViewController presented: presenter?.presentedViewController ?? null
     readonly property DocumentPickerViewController documentPicker: presented as DocumentPickerViewController
-
-    onDocumentPickerChanged: {
-        if (documentPicker !== null && FileChooser.native)
-            fileDialog.open();
-        else
-            fileDialog.close();
-    }
 
     AlertSheet {
         alert: root.presented as AlertController
@@ -30,10 +22,10 @@ Item {
         picker: FileChooser.native ? null : root.documentPicker
     }
 
-    FileDialog {
-        id: fileDialog
-
-        onAccepted: root.documentPicker?.pick(selectedFile)
-        onRejected: root.documentPicker?.cancel()
+    // Its library is not loaded before there is a file to choose.
+    Loader {
+        active: FileChooser.native && root.documentPicker !== null
+        source: "NativeFileDialog.qml"
+        onLoaded: (item as NativeFileDialog).picker = root.documentPicker
     }
 }

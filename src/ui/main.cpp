@@ -4,7 +4,6 @@
 #include "ui/QuitSignals.h"
 
 #include <QApplication>
-#include <QQuickStyle>
 
 int main(int argc, char** argv) {
     FileChooser::preferPortal(argc, argv);
@@ -12,7 +11,6 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern"));
     quitOnSignals();
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
 
     DesktopPlatform platform;
     Program program(ProgramPaths::ofThisUser(), Environment::ofThisDevice(), platform);

@@ -1,5 +1,4 @@
 #include <QGuiApplication>
-#include <QQuickStyle>
 
 #include <gtest/gtest.h>
 
@@ -9,6 +8,5 @@ int main(int argc, char** argv) {
     qputenv("QT_QUICK_BACKEND", "software");
     qunsetenv("QT_QPA_PLATFORMTHEME");
     const QGuiApplication application(argc, argv);
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
     return RUN_ALL_TESTS();
 }

@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
-#include <QQuickStyle>
 #include <QTemporaryDir>
 #include <QUrl>
 
@@ -357,7 +356,6 @@ int main(int argc, char** argv) {
     qputenv("QT_QUICK_BACKEND", "software");
     qunsetenv("QT_QPA_PLATFORMTHEME");
     const QGuiApplication application(argc, argv);
-    QQuickStyle::setStyle(QStringLiteral("Basic"));
     qInstallMessageHandler(keepWarnings);
 
     const QString output = QString::fromLocal8Bit(argv[1]);
