@@ -1,5 +1,6 @@
 #include "store/Columns.h"
 
+#include <QHashFunctions>
 #include <QtEndian>
 
 #include <algorithm>
@@ -22,15 +23,27 @@ QByteArray toUtf8(const QString& text) {
     return wellFormed(text).toUtf8();
 }
 
+std::uint32_t hashOf(QByteArrayView text) {
+    return std::uint32_t(qHash(text, std::size_t(QHashSeed::globalSeed())));
+}
+
 } // namespace
 
 std::optional<QString> NameColumn::value(Row row) const {
+    const auto text = bytes(row);
+    return text ? std::optional(fromUtf8(*text)) : std::nullopt;
+}
+
+std::optional<QByteArrayView> NameColumn::bytes(Row row) const {
     const auto number = m_values[row];
-    return number == absent ? std::nullopt : std::optional(QString::fromUtf8(m_names[number]));
+    return number == absent ? std::nullopt : std::optional(m_names[number]);
 }
 
 bool NameColumn::set(Row row, const std::optional<QString>& text) {
-    return setNumber(row, text ? numberOf(toUtf8(*text)) : absent);
+    if (!text)
+        return setNumber(row, absent);
+    const auto known = knownNumber(*text);
+    return setNumber(row, known != absent ? known : numberOf(toUtf8(*text)));
 }
 
 void NameColumn::forget(Row row) {
@@ -66,19 +79,16 @@ void NameColumn::read(Row row, Statement& statement, int column) {
     else if (text->isValidUtf8())
         setNumber(row, numberOf(*text));
     else
-        set(row, QString::fromUtf8(*text));
+        set(row, fromUtf8(*text));
 }
 
 void NameColumn::bind(Row row, Statement& statement, int parameter) const {
-    const auto number = m_values[row];
-    statement.bindText(parameter, number == absent
-                                      ? std::nullopt
-                                      : std::optional<QByteArrayView>(m_names[number]));
+    statement.bindText(parameter, bytes(row));
 }
 
 const std::vector<Row>& NameColumn::rows(const QString& text) const {
     index();
-    return m_rows[knownNumber(toUtf8(text))];
+    return m_rows[knownNumber(text)];
 }
 
 QStringList NameColumn::distinct(const std::vector<Row>& rows) const {
@@ -90,13 +100,13 @@ QStringList NameColumn::distinct(const std::vector<Row>& rows) const {
         if (isKnown[number])
             continue;
         isKnown[number] = true;
-        texts.append(QString::fromUtf8(m_names[number]));
+        texts.append(fromUtf8(m_names[number]));
     }
     return texts;
 }
 
 RowTest NameColumn::equalTo(const std::variant<QString, Date>& value) const {
-    const auto wanted = knownNumber(toUtf8(std::get<QString>(value)));
+    const auto wanted = knownNumber(std::get<QString>(value));
     return [this, wanted](Row row) { return wanted != absent && m_values[row] == wanted; };
 }
 
@@ -134,20 +144,51 @@ void NameColumn::sort(std::vector<Row>& rows, bool ascending) const {
 }
 
 std::uint32_t NameColumn::numberOf(QByteArrayView text) {
-    if (const auto known = knownNumber(text); known != absent)
-        return known;
+    const auto hash = hashOf(text);
+    auto slot = slotOf(text, hash);
+    if (m_slots[slot].number != absent)
+        return m_slots[slot].number;
     const auto number = std::uint32_t(m_names.size());
     auto* const bytes = static_cast<char*>(m_texts->allocate(std::size_t(text.size()), 1));
     std::copy(text.begin(), text.end(), bytes);
     m_names.emplace_back(bytes, text.size());
     if (!m_rows.empty())
         m_rows.emplace_back();
-    m_numbers.insert(m_names.back(), number);
+    m_slots[slot] = {hash, number};
+    if (2 * m_names.size() > m_slots.size())
+        addSlots();
     return number;
 }
 
-std::uint32_t NameColumn::knownNumber(QByteArrayView text) const {
-    return m_numbers.value(text, absent);
+std::uint32_t NameColumn::knownNumber(const QString& text) const {
+    if (m_lastNumber == absent || text != m_lastText) {
+        const QByteArray bytes = toUtf8(text);
+        m_lastNumber = m_slots[slotOf(bytes, hashOf(bytes))].number;
+        m_lastText = text;
+    }
+    return m_lastNumber;
+}
+
+std::size_t NameColumn::slotOf(QByteArrayView text, std::uint32_t hash) const {
+    const auto mask = m_slots.size() - 1;
+    auto slot = hash & mask;
+    while (m_slots[slot].number != absent &&
+           (m_slots[slot].hash != hash || m_names[m_slots[slot].number] != text))
+        slot = (slot + 1) & mask;
+    return slot;
+}
+
+void NameColumn::addSlots() {
+    const auto known = std::exchange(m_slots, std::vector<Slot>(2 * m_slots.size()));
+    const auto mask = m_slots.size() - 1;
+    for (const auto& [hash, number] : known) {
+        if (number == absent)
+            continue;
+        auto slot = hash & mask;
+        while (m_slots[slot].number != absent)
+            slot = (slot + 1) & mask;
+        m_slots[slot] = {hash, number};
+    }
 }
 
 bool NameColumn::setNumber(Row row, std::uint32_t number) {
@@ -197,7 +238,7 @@ void NameColumn::updateRanks() const {
 
 std::optional<QString> TextColumn::value(Row row) const {
     const auto text = bytes(row);
-    return text ? std::optional(QString::fromUtf8(*text)) : std::nullopt;
+    return text ? std::optional(fromUtf8(*text)) : std::nullopt;
 }
 
 bool TextColumn::set(Row row, const std::optional<QString>& text) {

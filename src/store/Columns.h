@@ -6,7 +6,6 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -28,6 +27,8 @@ class NameColumn {
 public:
     void resize(std::size_t rows) { m_values.resize(rows); }
     std::optional<QString> value(Row row) const;
+    /** The bytes of the value, valid until the next change; nothing when it is absent. */
+    std::optional<QByteArrayView> bytes(Row row) const;
     /** Returns whether this changed the value. */
     bool set(Row row, const std::optional<QString>& text);
     /** Takes a row that is deleted out of the index; its value stays. */
@@ -47,9 +48,17 @@ public:
 private:
     static constexpr std::uint32_t absent = 0;
 
+    /** Where the number of a text is found, or is to be written. */
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t number = absent;
+    };
+
     std::uint32_t numberOf(QByteArrayView text);
     /** Absent where no row has had the text. */
-    std::uint32_t knownNumber(QByteArrayView text) const;
+    std::uint32_t knownNumber(const QString& text) const;
+    std::size_t slotOf(QByteArrayView text, std::uint32_t hash) const;
+    void addSlots();
     bool setNumber(Row row, std::uint32_t number);
     /** Makes the index of rows by name where there is none yet; no row was deleted until then. */
     void index() const;
@@ -60,10 +69,14 @@ private:
         std::make_unique<std::pmr::monotonic_buffer_resource>();
     // By number; the first stands for an absent value.
     std::vector<QByteArrayView> m_names{QByteArrayView()};
-    QHash<QByteArrayView, std::uint32_t> m_numbers; // by the texts of m_names
-    std::vector<std::uint32_t> m_values;            // by row
-    mutable std::vector<std::vector<Row>> m_rows;   // by number; made by the first question
-    mutable FoldedTexts m_folded;                   // by number, short of the newest names
+    // Numbers by the hash of their text, or in the next free slot; at least half are free. QHash
+    // takes more than twice the memory, and the time.
+    std::vector<Slot> m_slots = std::vector<Slot>(16);
+    mutable QString m_lastText; // of the last question; the next is often about it again
+    mutable std::uint32_t m_lastNumber = absent;
+    std::vector<std::uint32_t> m_values;          // by row
+    mutable std::vector<std::vector<Row>> m_rows; // by number; made by the first question
+    mutable FoldedTexts m_folded;                 // by number, short of the newest names
     mutable std::vector<std::uint32_t> m_order; // numbers in text order, short of the newest names
     mutable std::vector<std::uint32_t> m_ranks; // by number, short of the newest names
 };
@@ -73,6 +86,8 @@ class TextColumn {
 public:
     void resize(std::size_t rows) { m_places.resize(rows); }
     std::optional<QString> value(Row row) const;
+    /** As of a name; bytes that a store holds and that are no UTF-8 come as they are. */
+    std::optional<QByteArrayView> bytes(Row row) const;
     bool set(Row row, const std::optional<QString>& text);
     void forget(Row /*row*/) {}
     void read(Row row, Statement& statement, int column);
@@ -88,7 +103,6 @@ private:
         qsizetype size = -1; // of an absent text
     };
 
-    std::optional<QByteArrayView> bytes(Row row) const;
     bool setBytes(Row row, std::optional<QByteArrayView> text);
     void tidy();
 

@@ -95,6 +95,9 @@ public:
     /** Runs the work, which returns SQLITE_DONE or an error code, in one transaction. */
     std::optional<StoreError> transaction(const std::function<int()>& work);
 
+    /** Gives back the memory of pages that were read and will hardly be read again soon. */
+    void releaseMemory() { sqlite3_db_release_memory(m_database.get()); }
+
     /** The error of the last call, in a sentence that says what could not be done. */
     StoreError error(const QString& verb) const;
 

@@ -74,6 +74,7 @@ int EntityTable::readRows(bool withValues, std::vector<bool>& isFound) {
         }
     }
     select.reset();
+    m_connection->releaseMemory();
     return code;
 }
 
@@ -83,13 +84,13 @@ std::vector<Row> EntityTable::rows(const std::vector<AttributeOrder>& order,
     for (const auto& test : tests) {
         if (const auto* names = std::get_if<NameColumn>(&m_columns[test.attribute])) {
             const auto& rows = names->rows(std::get<QString>(test.value));
+            if (rows.empty())
+                return {};
             if (candidates == nullptr || rows.size() < candidates->size())
                 candidates = &rows;
         }
     }
     std::vector<Row> result;
-    if (candidates != nullptr && candidates->empty())
-        return result;
     if (candidates != nullptr) {
         result = *candidates;
     } else {
@@ -144,6 +145,13 @@ std::optional<QString> EntityTable::text(Row row, std::size_t attribute) {
     if (const auto* names = std::get_if<NameColumn>(&m_columns[attribute]))
         return names->value(row);
     return std::get<TextColumn>(m_columns[attribute]).value(row);
+}
+
+std::optional<QByteArrayView> EntityTable::utf8(Row row, std::size_t attribute) {
+    needValues();
+    if (const auto* names = std::get_if<NameColumn>(&m_columns[attribute]))
+        return names->bytes(row);
+    return std::get<TextColumn>(m_columns[attribute]).bytes(row);
 }
 
 std::optional<Date> EntityTable::date(Row row, std::size_t attribute) {
@@ -273,6 +281,10 @@ bool ManagedObject::hasChanges() const {
 
 std::optional<QString> ManagedObject::text(std::size_t attribute) const {
     return m_table->text(m_row, attribute);
+}
+
+std::optional<QByteArrayView> ManagedObject::utf8(std::size_t attribute) const {
+    return m_table->utf8(m_row, attribute);
 }
 
 void ManagedObject::setText(std::size_t attribute, const std::optional<QString>& text) {

@@ -48,6 +48,7 @@ public:
     bool hasChanges(Row row) const { return m_states[row].needsWriting(); }
 
     std::optional<QString> text(Row row, std::size_t attribute);
+    std::optional<QByteArrayView> utf8(Row row, std::size_t attribute);
     std::optional<Date> date(Row row, std::size_t attribute);
     /** A change of a deleted record is ignored. */
     void setText(Row row, std::size_t attribute, const std::optional<QString>& text);

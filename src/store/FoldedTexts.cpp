@@ -2,6 +2,7 @@
 
 #include <QChar>
 #include <QList>
+#include <QStringDecoder>
 
 #include <algorithm>
 #include <array>
@@ -84,6 +85,15 @@ QString wellFormed(const QString& text) {
                              codePoints.size());
 }
 
+QString fromUtf8(QByteArrayView text) {
+    if (!text.startsWith("\xEF\xBB\xBF"))
+        return QString::fromUtf8(text);
+    // Which would take it for a byte-order mark, and drop it.
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless |
+                                                       QStringConverter::Flag::ConvertInitialBom);
+    return decoder.decode(text);
+}
+
 QString folded(const QString& text) {
     return wellFormed(text).toLower();
 }
@@ -93,7 +103,7 @@ void FoldedTexts::append(QByteArrayView text) {
     m_bytes.resize(place + text.size());
     if (!foldInPlaceOf(text, m_bytes.data() + place)) {
         m_bytes.truncate(place);
-        m_bytes += folded(QString::fromUtf8(text)).toUtf8();
+        m_bytes += folded(fromUtf8(text)).toUtf8();
     }
     m_ends.push_back(m_bytes.size());
     m_bytes += separator;

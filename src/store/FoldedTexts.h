@@ -12,6 +12,9 @@
 /** A text as UTF-8 can hold it: a surrogate without its other half becomes U+FFFD. */
 QString wellFormed(const QString& text);
 
+/** The text of bytes in UTF-8, with a zero width no-break space that may begin it. */
+QString fromUtf8(QByteArrayView text);
+
 /** A text as the list search compares it. */
 QString folded(const QString& text);
 

@@ -2,6 +2,7 @@
 
 #include "foundation/Date.h"
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <cstddef>
@@ -32,6 +33,7 @@ protected:
     ~ManagedObject() = default;
 
     std::optional<QString> text(std::size_t attribute) const;
+    std::optional<QByteArrayView> utf8(std::size_t attribute) const;
     void setText(std::size_t attribute, const std::optional<QString>& text);
     std::optional<Date> date(std::size_t attribute) const;
     void setDate(std::size_t attribute, std::optional<Date> date);

@@ -23,6 +23,11 @@ public:
 
     /** The text of any of the text attributes. */
     std::optional<QString> value(TextKey<Event> key) const { return text(key.attribute); }
+    /** The bytes of any of the text attributes as the store has them, which is in UTF-8 unless it
+     * was damaged; valid until the next change. */
+    std::optional<QByteArrayView> utf8(TextKey<Event> key) const {
+        return ManagedObject::utf8(key.attribute);
+    }
     std::optional<QString> quote() const { return text(Keys::quote.attribute); }
     std::optional<QString> author() const { return text(Keys::author.attribute); }
     std::optional<QString> source() const { return text(Keys::source.attribute); }

@@ -48,7 +48,8 @@ void limitFileSize(rlim_t bytes) {
 
 TEST_F(PersistenceTest, KeepsEveryValueAcrossReopening) {
     const Date longAgo(std::chrono::milliseconds(-62135596800123));
-    const QString odd = QStringLiteral("a\0b^\n\"\U0001F600 ß").replace(u'^', QChar(u'\0'));
+    const QString odd =
+        QStringLiteral("\uFEFF\uFEFFa\0b^\n\"\U0001F600 ß").replace(u'^', QChar(u'\0'));
     {
         const auto container = open();
         auto& context = container->viewContext();
