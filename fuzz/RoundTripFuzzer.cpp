@@ -47,6 +47,7 @@ std::optional<Date> date(Choices& choices) {
 
 /** What a reader makes of a file, put as plainly as it can be. */
 std::vector<QStringList> plainlyReadQuotes(QString document) {
+    const QString document = QString::fromUtf8(file);
     std::vector<QStringList> quotes;
     document.replace(u'\r', u'\n').remove(u'\'');
     for (const QString& line : document.split(u'\n')) {
@@ -104,7 +105,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
     const bool isHarmless = choices.below(2) == 0;
     const int kinds = isHarmless ? harmlessPieces : int(pieces.size());
 
-    QString document = quoteSectionMarker + u'\n';
+    QByteArray file = quoteSectionMarker.toUtf8() + '\n';
     std::vector<QStringList> keptQuotes;
     std::vector<Date> dates;
     for (std::size_t i = 0; choices.below(16) != 0; ++i) {
@@ -117,7 +118,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
         if (words && choices.below(2) == 1)
             words->append(QStringLiteral("\nx"));
         quote.setQuote(words);
-        const QString message = fatalMessageOf([&] { document += collectionLine(quote); });
+        const QString message = fatalMessageOf([&] { appendLine(file, quote); });
         require(message.isEmpty() == quote.source().has_value(), "each quote needs a source");
         const auto fields = kept(quote);
         if (quote.source() && fields) {
@@ -126,12 +127,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
                 dates.push_back(*quote.timestamp() - offset);
         }
     }
-    document += topicSectionMarker + u'\n';
+    file += topicSectionMarker.toUtf8() + '\n';
     std::vector<QString> keptTopics;
     for (std::size_t i = 0; choices.below(8) != 0; ++i) {
         Topics& topic = record<Topics>(i);
         topic.setTopic(text(choices, kinds));
-        document += collectionLine(topic);
+        appendLine(file, topic);
         const QString name = topic.topic().value_or(QString());
         if (!name.isEmpty())
             keptTopics.push_back(trimmed(name));

@@ -2,8 +2,6 @@
 
 #include "foundation/FatalError.h"
 
-#include <QStringBuilder>
-
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -50,8 +48,11 @@ private:
 
 // QString::replace moves the rest of the text again and again: too slow for a long one.
 QString replaced(QStringView text, QStringView before, QStringView after) {
+    // One character is found far faster than several.
+    if (!text.contains(before.front()))
+        return text.toString();
     QString result;
-    result.reserve(text.size() + 16 * after.size());
+    result.reserve(text.size());
     for (;;) {
         const qsizetype position = text.indexOf(before);
         result.append(text.left(position));
@@ -85,11 +86,23 @@ QString describe(const Event& quote) {
         .arg(part(quote.quote()), part(quote.author()), part(quote.category()));
 }
 
-QString withoutApostrophes(QStringView line) {
-    return line.toString().remove(u'\'');
-}
+/** Takes the apostrophes out of lines. */
+class ApostropheFilter {
+public:
+    /** Valid until the next line. */
+    QStringView operator()(QStringView line) {
+        if (!line.contains(u'\''))
+            return line;
+        m_filtered = line.toString().remove(u'\'');
+        return m_filtered;
+    }
+
+private:
+    QString m_filtered;
+};
 
 bool isQuoteCollection(const QString& document) {
+    ApostropheFilter withoutApostrophes;
     LineReader reader(document);
     while (reader.next()) {
         if (withoutApostrophes(reader.line()) == quoteSectionMarker)
@@ -137,19 +150,34 @@ std::optional<WallTime> readPlainDate(QStringView text) {
 
 } // namespace
 
-QString collectionLine(const Event& quote) {
-    const auto source = quote.source();
+void appendLine(QByteArray& file, const Event& quote) {
+    const auto source = quote.utf8(Event::Keys::source);
     if (!source)
         fatalError(QStringLiteral("A quote without a source cannot be exported: ") +
                    describe(quote));
     const auto date = quote.timestamp();
-    return quote.author().value_or(QString()) % u'^' % quote.category().value_or(QString()) % u'^' %
-           *source % u'^' % (date ? formatUtc(*date) : QString()) % u'^' %
-           replaced(quote.quote().value_or(QString()), u"\n", u"@#@") % u'\n';
+    file += quote.utf8(Event::Keys::author).value_or(QByteArrayView());
+    file += '^';
+    file += quote.utf8(Event::Keys::category).value_or(QByteArrayView());
+    file += '^';
+    file += *source;
+    file += '^';
+    if (date)
+        file += formatUtc(*date).toLatin1();
+    file += '^';
+    QByteArrayView text = quote.utf8(Event::Keys::quote).value_or(QByteArrayView());
+    for (qsizetype lineFeed = 0; (lineFeed = text.indexOf('\n')) >= 0;) {
+        file += text.first(lineFeed);
+        file += "@#@";
+        text = text.sliced(lineFeed + 1);
+    }
+    file += text;
+    file += '\n';
 }
 
-QString collectionLine(const Topics& topic) {
-    return topic.topic().value_or(QString()) + u'\n';
+void appendLine(QByteArray& file, const Topics& topic) {
+    file += topic.topic().value_or(QString()).toUtf8();
+    file += '\n';
 }
 
 QString trimmedOfBlanks(QStringView text) {
@@ -164,10 +192,11 @@ QString trimmedOfBlanks(QStringView text) {
 bool readQuoteLines(const QString& document, const std::function<void(const QuoteLine&)>& use) {
     if (!isQuoteCollection(document))
         return false;
+    ApostropheFilter withoutApostrophes;
     LineReader reader(document);
     while (reader.next()) {
-        const QString line = withoutApostrophes(reader.line());
-        const auto [author, topic, source, date, quote] = splitFields(line);
+        const auto [author, topic, source, date, quote] =
+            splitFields(withoutApostrophes(reader.line()));
         if (!topic.isEmpty())
             use({author.toString(), topic.toString(), source.toString(), date.toString(),
                  replaced(quote, u"@#@", u"\n"), reader.number()});

@@ -3,6 +3,7 @@
 #include "foundation/Date.h"
 #include "store/Records.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
@@ -12,12 +13,12 @@
 inline const auto quoteSectionMarker = QStringLiteral("[QUOTECOLLECTION]");
 inline const auto topicSectionMarker = QStringLiteral("[TOPICCOLLECTION]");
 
-/** A quote as a line of a collection file, with its line feed. Line feeds within the quote are
- * escaped, nothing else is. A quote whose source is absent is a fatal error. */
-QString collectionLine(const Event& quote);
+/** Adds a quote to a collection file in UTF-8, as a line with its line feed. Line feeds within the
+ * quote are escaped, nothing else is. A quote whose source is absent is a fatal error. */
+void appendLine(QByteArray& file, const Event& quote);
 
-/** A topic as a line of a collection file, with its line feed. */
-QString collectionLine(const Topics& topic);
+/** Adds a topic to a collection file in UTF-8, as a line with its line feed. */
+void appendLine(QByteArray& file, const Topics& topic);
 
 /** A quote as a line of a collection file tells it. Apostrophes are gone from every text; a field
  * that the line lacks is empty. */

@@ -73,9 +73,9 @@ void ExportViewController::buildQuoteSection() {
         *managedObjectContext,
         {{Event::Keys::author, true}, {Event::Keys::category, true}, {Event::Keys::source, true}});
     resetOutput();
-    DataString = quoteSectionMarker + u'\n';
+    DataString = quoteSectionMarker.toUtf8() + '\n';
     for (const Event* quote : theEventList) {
-        *DataString += collectionLine(*quote);
+        appendLine(*DataString, *quote);
         postProgress(1);
     }
 }
@@ -84,12 +84,16 @@ void ExportViewController::buildTopicSection() {
     managedObjectContext = &m_application.persistentContainer().viewContext();
     theTopicList = sortedRecords<Topics>(*managedObjectContext, {{Topics::Keys::topic, true}});
     resetOutput();
-    *DataString += topicSectionMarker + u'\n';
+    *DataString += topicSectionMarker.toUtf8() + '\n';
     for (const Topics* topic : theTopicList) {
-        *DataString += collectionLine(*topic);
+        appendLine(*DataString, *topic);
         postProgress(0); // topics are too few to move the bar
     }
-    ExportTextView->setText(*DataString);
+    const QString text = QString::fromUtf8(*DataString);
+    // Bytes of a damaged store would have the whole file taken for another encoding.
+    if (!DataString->isValidUtf8())
+        DataString = text.toUtf8();
+    ExportTextView->setText(text);
     EmailButton->setEnabled(true);
     SaveButton->setEnabled(true);
     ExportButton->setEnabled(false);
@@ -120,7 +124,7 @@ void ExportViewController::SaveToFiles() {
         fatalError(QStringLiteral("A collection was to be saved before it was made"));
     const QString path = filePath();
     qCInfo(lcExchange) << path;
-    if (const auto failure = writeFileAtomically(path, DataString->toUtf8()))
+    if (const auto failure = writeFileAtomically(path, *DataString))
         qCWarning(lcExchange) << failure->description;
     present(makeActivityViewController(
         m_application.services.platform, {SharedFile{path}},

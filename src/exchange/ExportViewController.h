@@ -38,7 +38,7 @@ public:
     std::vector<Event*> theEventList;
     std::vector<Topics*> theTopicList;
     Progress progress{10};
-    std::optional<QString> DataString;
+    std::optional<QByteArray> DataString; ///< in UTF-8
     ActivityIndicatorView* const activityIndicator;
 
     void viewDidLoad() override;

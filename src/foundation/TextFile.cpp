@@ -21,7 +21,9 @@ QString decode(const QByteArray& bytes, QStringConverter::Encoding encoding) {
     QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
     const QString text = decoder.decode(bytes);
     // Qt's decoder of UTF-16 lets half a character pass.
-    return text.isValidUtf16() ? text : QString::fromStdU32String(text.toStdU32String());
+    const bool isChecked = encoding == QStringConverter::Utf8;
+    return isChecked || text.isValidUtf16() ? text
+                                            : QString::fromStdU32String(text.toStdU32String());
 }
 
 /** Text without a byte-order mark is UTF-16 when one byte in twenty or more is zero, all (but the

@@ -38,8 +38,13 @@ std::vector<QString> topics(const char* document) {
 
 TEST(CollectionLine, HasTheTextsAsTheyStand) {
     TestApplication application;
+    const auto lineOf = [](const auto& record) {
+        QByteArray file;
+        appendLine(file, record);
+        return file;
+    };
     const auto line = [&](const QuoteValues& values) {
-        return collectionLine(application.addQuote(values)).toUtf8();
+        return lineOf(application.addQuote(values));
     };
     const Date date = sys_days(2020y / 1 / 2) + 3h + 4min + 5s + 678ms;
     EXPECT_EQ(line({"A", "T", "", "x\ny", date}), "A^T^^2020-01-02 03:04:05 +0000^x@#@y\n");
@@ -51,13 +56,13 @@ TEST(CollectionLine, HasTheTextsAsTheyStand) {
     const char* unicode = "\u00e9 e\u0301 \ufeff\u2028\ufffd \U0001fffd \U0002fffd \U0010fffd";
     EXPECT_EQ(line({"A", "T", "S", unicode}), QByteArray("A^T^S^^") + unicode + "\n");
     const Event& stray = application.addQuote({"A", "T", nullptr, "q"});
-    EXPECT_EQ(fatalMessageOf([&] { collectionLine(stray); }),
+    EXPECT_EQ(fatalMessageOf([&] { lineOf(stray); }),
               "A quote without a source cannot be exported: \"q\" by \"A\" on \"T\"");
 
     Topics& topic = *application.context().insert<Topics>();
-    EXPECT_EQ(collectionLine(topic), "\n");
+    EXPECT_EQ(lineOf(topic), "\n");
     topic.setTopic(QStringLiteral(" a^'b' "));
-    EXPECT_EQ(collectionLine(topic), " a^'b' \n");
+    EXPECT_EQ(lineOf(topic), " a^'b' \n");
 }
 
 TEST(QuoteLines, AreReadFieldByField) {

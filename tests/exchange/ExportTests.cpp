@@ -100,7 +100,7 @@ TEST_F(Export, PostsItsProgressThenTheSpinnersEndThenTheAlert) {
     EXPECT_FALSE(screen->ExportButton->isEnabled());
     EXPECT_TRUE(screen->SaveButton->isEnabled());
     EXPECT_TRUE(screen->EmailButton->isEnabled());
-    EXPECT_EQ(*screen->DataString, screen->ExportTextView->text());
+    EXPECT_EQ(*screen->DataString, screen->ExportTextView->text().toUtf8());
     EXPECT_TRUE(screen->activityIndicator->isAnimating());
     EXPECT_EQ(screen->ProgressView->progress(), 0);
 
