@@ -190,6 +190,8 @@ std::optional<StoreError> StoreConnection::openDatabase() {
         return damage;
     if (execute("COMMIT") != SQLITE_OK)
         return error(QLatin1String(opened));
+    if (const auto damage = findLostMark())
+        return damage;
 
     if (auto failed = migrate(std::size_t(*version)))
         return failed;
@@ -198,7 +200,7 @@ std::optional<StoreError> StoreConnection::openDatabase() {
     if (::chmod(fileName.constData(), S_IRUSR | S_IWUSR) != 0)
         return systemFailure(m_path, errno);
     // The lock was taken first, so that the log needs no shared memory.
-    if (!startLog())
+    if (!keepsLog("PRAGMA journal_mode = WAL"))
         return error(QLatin1String(opened));
     execute("PRAGMA synchronous = FULL");
     // As many pages as the log may keep when it starts anew: syncing a file that grows takes
@@ -220,8 +222,27 @@ std::optional<StoreError> StoreConnection::findDamage() {
     return unfit(QStringLiteral("it is damaged (%1)").arg(QString::fromUtf8(finding)));
 }
 
-bool StoreConnection::startLog() {
-    auto mode = Statement::prepare(m_database.get(), "PRAGMA journal_mode = WAL");
+// SQLite takes a header with neither mark for one without a log, and starting the log would write
+// over what is left of it.
+std::optional<StoreError> StoreConnection::findLostMark() {
+    if (keepsLog("PRAGMA journal_mode"))
+        return std::nullopt;
+    constexpr int placeOfMarks = 18;
+    constexpr std::array<unsigned char, 2> noLog{1, 1}; // for who writes, and for who reads
+    std::array<unsigned char, 2> marks{};
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(m_database.get(), nullptr, SQLITE_FCNTL_FILE_POINTER, &file);
+    const int code = file->pMethods->xRead(file, marks.data(), int(marks.size()), placeOfMarks);
+    if (code != SQLITE_OK)
+        return failure(m_path, QLatin1String(opened), QString::fromUtf8(sqlite3_errstr(code)),
+                       QStringLiteral(", sqlite = %1").arg(code));
+    if (marks == noLog)
+        return std::nullopt;
+    return unfit(QStringLiteral("it is damaged (its header has lost the mark of its log)"));
+}
+
+bool StoreConnection::keepsLog(const QByteArray& pragma) {
+    auto mode = Statement::prepare(m_database.get(), pragma);
     return mode && mode->step() == SQLITE_ROW && mode->text(0) == QByteArrayView("wal");
 }
 

@@ -111,8 +111,10 @@ private:
 
     std::optional<StoreError> openDatabase();
     std::optional<StoreError> findDamage();
+    std::optional<StoreError> findLostMark();
     std::optional<StoreError> migrate(std::size_t version);
-    bool startLog();
+    /** Whether the pragma's answer is that changes go into a log first. */
+    bool keepsLog(const QByteArray& pragma);
     std::optional<StoreError> prepareStatements();
     /** The first value of a query's first row; nothing after an error. */
     std::optional<std::int64_t> number(const QByteArray& sql);

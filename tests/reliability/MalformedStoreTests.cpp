@@ -112,6 +112,27 @@ TEST_F(MalformedStore, IsRefusedOrReadWhateverBitsAreFlipped) {
     EXPECT_GT(outcomes[Outcome::RefusedAtOpening], 0);
 }
 
+// The header says twice whether there is a log: 2 where there is one, 1 where there is none yet.
+TEST_F(MalformedStore, IsRefusedWhereItLostTheMarkOfItsLog) {
+    const QByteArray whole = soundStore();
+    const auto marked = [&whole](int forWriters, int forReaders) {
+        QByteArray store = whole;
+        store[18] = char(forWriters);
+        store[19] = char(forReaders);
+        return store;
+    };
+    ASSERT_TRUE(marked(2, 2) == whole);
+    for (const auto& [forWriters, forReaders] : std::initializer_list<std::pair<int, int>>{
+             {2, 0}, {2, 1}, {0, 0}, {0, 1}, {1, 0}, {2, 3}, {3, 2}, {66, 2}, {2, 130}}) {
+        SCOPED_TRACE(testing::Message() << forWriters << " and " << forReaders);
+        EXPECT_EQ(tryOut(marked(forWriters, forReaders)), Outcome::RefusedAtOpening);
+    }
+    // So a first start leaves it that was killed before it began the log.
+    put(marked(1, 1));
+    EXPECT_EQ(topics(open()->viewContext()).size(), 60U);
+    EXPECT_TRUE(bytes().mid(18, 2) == QByteArray(2, 2));
+}
+
 TEST_F(MalformedStore, WithoutPermissionIsLeftAlone) {
     const QByteArray whole = soundStore();
     const int status = inOtherProcess([&] {
