@@ -3,7 +3,7 @@
 #include "app/SortedRecords.h"
 #include "exchange/CollectionFile.h"
 #include "foundation/FatalError.h"
-#include "platform/Files.h"
+#include "foundation/Files.h"
 #include "shared/CommonLook.h"
 #include "toolkit/AlertController.h"
 

@@ -1,12 +1,15 @@
 #include "foundation/UserDefaults.h"
 
 #include "foundation/FatalError.h"
+#include "foundation/Files.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QLoggingCategory>
+#include <QSettings>
+#include <QTemporaryFile>
 
 #include <cmath>
 
@@ -17,16 +20,44 @@ Q_LOGGING_CATEGORY(logger, "lantern.foundation")
 constexpr QLatin1String trueText("true");
 constexpr QLatin1String falseText("false");
 
-// QSettings keeps the permissions of the file that it finds.
-QString madePrivate(const QString& path) {
-    constexpr auto ownerFile = QFile::ReadOwner | QFile::WriteOwner;
+/** Makes the folder of a file, and leaves it to its owner alone. */
+void makePrivateFolder(const QString& path) {
     const QString folder = QFileInfo(path).absolutePath();
-    QFile file(path);
-    if (!QDir().mkpath(folder) || !QFile::setPermissions(folder, ownerFile | QFile::ExeOwner) ||
-        !file.open(QFile::Append, ownerFile) || !file.setPermissions(ownerFile))
-        qCWarning(logger) << "The settings file cannot be made private:" << path
-                          << file.errorString();
-    return path;
+    if (!QDir().mkpath(folder) || !QFile::setPermissions(folder, ownerFile | QFile::ExeOwner))
+        qCWarning(logger) << "The settings' folder cannot be made private:" << folder;
+}
+
+QMap<QString, QString> readSettings(const QString& path) {
+    if (const QFileInfo file(path); file.exists() && !file.isSymLink())
+        QFile::setPermissions(path, ownerFile);
+    const QSettings settings(path, QSettings::IniFormat);
+    QMap<QString, QString> texts;
+    for (const QString& key : settings.allKeys()) {
+        const QVariant value = settings.value(key);
+        // A comma in a value that was edited by hand, without quotation marks, makes it a list.
+        texts[key] = value.typeId() == QMetaType::QStringList
+                         ? value.toStringList().join(QStringLiteral(", "))
+                         : value.toString();
+    }
+    if (settings.status() != QSettings::NoError)
+        qCWarning(logger) << "The settings cannot be read:" << path;
+    return texts;
+}
+
+// QSettings itself would write to where a link at the path leads, so it writes a draft.
+std::optional<WriteFailure> writeSettings(const QString& path,
+                                          const QMap<QString, QString>& texts) {
+    QTemporaryFile draft(QFileInfo(path).absolutePath() + QStringLiteral("/.Lantern-XXXXXX"));
+    if (!draft.open())
+        return WriteFailure{draft.errorString()};
+    QSettings settings(draft.fileName(), QSettings::IniFormat);
+    for (const auto& [key, text] : texts.asKeyValueRange())
+        settings.setValue(key, text);
+    settings.sync();
+    QFile file(draft.fileName());
+    if (settings.status() != QSettings::NoError || !file.open(QFile::ReadOnly))
+        return WriteFailure{QStringLiteral("no draft can be written")};
+    return writeFileAtomically(path, file.readAll(), ownerFile);
 }
 
 } // namespace
@@ -39,16 +70,18 @@ QString decimalDescription(double number) {
 }
 
 UserDefaults::UserDefaults(const QString& path)
-    : m_settings(madePrivate(path), QSettings::IniFormat) {}
+    : m_path(path) {
+    makePrivateFolder(path);
+    m_texts = readSettings(path);
+}
+
+UserDefaults::~UserDefaults() {
+    synchronize();
+}
 
 std::optional<QString> UserDefaults::object(const QString& key) const {
-    if (!m_settings.contains(key))
-        return std::nullopt;
-    const QVariant value = m_settings.value(key);
-    // A comma in a value that was edited by hand, without quotation marks, makes it a list.
-    if (value.typeId() == QMetaType::QStringList)
-        return value.toStringList().join(QStringLiteral(", "));
-    return value.toString();
+    const auto text = m_texts.find(key);
+    return text == m_texts.end() ? std::nullopt : std::optional(*text);
 }
 
 bool UserDefaults::boolForKey(const QString& key) const {
@@ -80,11 +113,18 @@ void UserDefaults::setBool(const QString& key, bool value) {
 }
 
 void UserDefaults::setText(const QString& key, const QString& value) {
-    m_settings.setValue(key, value);
+    m_texts[key] = value;
+    m_hasChanged = true;
+    QMetaObject::invokeMethod(
+        &m_writer, [this] { synchronize(); }, Qt::QueuedConnection);
 }
 
 void UserDefaults::synchronize() {
-    m_settings.sync();
-    if (m_settings.status() != QSettings::NoError)
-        qCWarning(logger) << "The settings cannot be written:" << m_settings.fileName();
+    if (!m_hasChanged)
+        return;
+    makePrivateFolder(m_path);
+    if (const auto failure = writeSettings(m_path, m_texts))
+        qCWarning(logger) << "The settings cannot be written:" << m_path << failure->description;
+    else
+        m_hasChanged = false;
 }

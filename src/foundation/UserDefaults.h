@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QSettings>
+#include <QMap>
+#include <QObject>
 #include <QString>
 
 #include <optional>
@@ -15,10 +16,13 @@ QString decimalDescription(double number);
  */
 class UserDefaults {
 public:
-    /** Opens or makes the file; it and its folder become readable by their owner alone. */
+    /** Reads the file; it and its folder become readable by their owner alone. A link at its place
+     * is read, and replaced by a file when settings change. */
     explicit UserDefaults(const QString& path);
+    /** Writes what has changed. */
+    ~UserDefaults();
 
-    /** The value as it is stored; nothing when the key is absent. */
+    /** The value as text; nothing when the key is absent. */
     std::optional<QString> object(const QString& key) const;
 
     /** The stored boolean, false when absent; a value that is no boolean is a fatal error. */
@@ -27,14 +31,18 @@ public:
     /** The stored number, whole or with decimals; absent or no number is a fatal error. */
     double doubleForKey(const QString& key) const;
 
+    /** What is set is on disk when the event loop is next reached. */
     void setBool(const QString& key, bool value);
     void setInteger(const QString& key, int value);
     void setDouble(const QString& key, double value);
     void setText(const QString& key, const QString& value);
 
-    /** Writes what has changed to the file at once. */
+    /** Writes what has changed to the file at once; what cannot be written is kept for later. */
     void synchronize();
 
 private:
-    mutable QSettings m_settings;
+    QString m_path;
+    QMap<QString, QString> m_texts;
+    bool m_hasChanged = false;
+    QObject m_writer;
 };

@@ -1,6 +1,6 @@
 #include "DesktopPlatform.h"
 
-#include "platform/Files.h"
+#include "foundation/Files.h"
 #include "platform/Mail.h"
 #include "platform/Print.h"
 

@@ -1,6 +1,6 @@
 #include "Platform.h"
 
-#include "platform/Files.h"
+#include "foundation/Files.h"
 #include "platform/Markup.h"
 
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Files.h"
+#include "foundation/Files.h"
 #include "platform/Platform.h"
 
 #include <QPageLayout>

@@ -1,6 +1,6 @@
 #include "FileChooser.h"
 
-#include "platform/Files.h"
+#include "foundation/Files.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>

@@ -1,19 +1,34 @@
 #include "foundation/FatalError.h"
 #include "foundation/UserDefaults.h"
+#include "support/TestFiles.h"
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
 class UserDefaultsTest : public testing::Test {
 protected:
+    static int& warnings() {
+        static int count = 0;
+        return count;
+    }
+    /** Counts warnings from here on. */
+    static void countWarnings() {
+        warnings() = 0;
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString&) {
+            warnings() += type == QtWarningMsg ? 1 : 0;
+        });
+    }
+    ~UserDefaultsTest() override { qInstallMessageHandler(nullptr); }
+
     QTemporaryDir m_folder;
     QString m_path = m_folder.filePath(QStringLiteral("made/for/it/Lantern.ini"));
 };
@@ -60,11 +75,9 @@ TEST_F(UserDefaultsTest, KeepBooleansAsWords) {
 }
 
 TEST_F(UserDefaultsTest, ReadAFileThatWasEditedByHand) {
-    QFile file(m_folder.filePath(QStringLiteral("Lantern.ini")));
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.write("[General]\nDefaultDate=Jan 5, 2021\nUseDateWheel=true\n");
-    file.close();
-    const UserDefaults defaults(file.fileName());
+    const QString path = m_folder.filePath(QStringLiteral("Lantern.ini"));
+    write(path, "[General]\nDefaultDate=Jan 5, 2021\nUseDateWheel=true\n");
+    const UserDefaults defaults(path);
     EXPECT_EQ(defaults.object(QStringLiteral("DefaultDate")), QStringLiteral("Jan 5, 2021"));
     EXPECT_TRUE(defaults.boolForKey(QStringLiteral("UseDateWheel")));
 }
@@ -72,44 +85,71 @@ TEST_F(UserDefaultsTest, ReadAFileThatWasEditedByHand) {
 TEST_F(UserDefaultsTest, AreReadableByTheirOwnerAlone) {
     constexpr auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                             QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
-    UserDefaults defaults(m_path);
-    for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(QFile::permissions(m_path) & others, QFile::Permissions());
-        EXPECT_EQ(QFile::permissions(QFileInfo(m_path).absolutePath()) & others,
-                  QFile::Permissions());
+    const auto isPrivate = [this] {
+        const QString folder = QFileInfo(m_path).absolutePath();
+        return !((QFile::permissions(m_path) | QFile::permissions(folder)) & others);
+    };
+    const mode_t umask = ::umask(0);
+    {
+        UserDefaults defaults(m_path);
         defaults.setText(QStringLiteral("DefaultDate"), QStringLiteral("written"));
-        defaults.synchronize();
     }
-    EXPECT_GT(QFileInfo(m_path).size(), 0);
+    EXPECT_TRUE(isPrivate());
+    ::chmod(qPrintable(m_path), 0666);
+    ::chmod(qPrintable(QFileInfo(m_path).path()), 0777);
+    const UserDefaults reopened(m_path);
+    EXPECT_TRUE(isPrivate());
+    ::umask(umask);
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=written\n");
+}
+
+TEST_F(UserDefaultsTest, AreReadThroughALinkAndWrittenInItsPlace) {
+    const QString target = m_folder.filePath(QStringLiteral("elsewhere.ini"));
+    write(target, "[General]\nDefaultDate=linked\n");
+    ::chmod(qPrintable(target), 0644);
+    QDir().mkpath(QFileInfo(m_path).path());
+    ASSERT_TRUE(QFile::link(target, m_path));
+    {
+        UserDefaults defaults(m_path);
+        EXPECT_EQ(defaults.object(QStringLiteral("DefaultDate")), QStringLiteral("linked"));
+        defaults.setBool(QStringLiteral("UseDefaultDate"), true);
+    }
+    EXPECT_FALSE(QFileInfo(m_path).isSymLink());
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=linked\nUseDefaultDate=true\n");
+    EXPECT_EQ(contents(target), "[General]\nDefaultDate=linked\n");
+    EXPECT_TRUE(QFile::permissions(target) & QFile::ReadOther);
+    EXPECT_EQ(QDir(QFileInfo(m_path).path()).entryList(QDir::Files | QDir::Hidden),
+              QStringList("Lantern.ini"));
 }
 
 TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndAFolderThatGoes) {
     UserDefaults defaults(m_path);
     const QString key = QStringLiteral("DefaultDate");
-    const auto stored = [this] { // another UserDefaults would share what this one has in memory
-        QFile file(m_path);
-        EXPECT_TRUE(file.open(QFile::ReadOnly));
-        return file.readAll();
-    };
     defaults.setText(key, QStringLiteral("old"));
-    defaults.synchronize();
+    EXPECT_EQ(contents(m_path), std::nullopt) << "not before the event loop is reached";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=old\n");
 
     rlimit unlimited{};
     ::getrlimit(RLIMIT_FSIZE, &unlimited);
     const rlimit limited{10, unlimited.rlim_max};
     const auto handler = std::signal(SIGXFSZ, SIG_IGN); // fails as a full disk does, without signal
     ::setrlimit(RLIMIT_FSIZE, &limited);
+    countWarnings();
     defaults.setText(key, QStringLiteral("new"));
     defaults.synchronize();
+    EXPECT_EQ(warnings(), 1);
     ::setrlimit(RLIMIT_FSIZE, &unlimited);
     std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(stored(), "[General]\nDefaultDate=old\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=old\n");
     EXPECT_EQ(defaults.object(key), QStringLiteral("new")) << "the program goes on with it";
-    defaults.synchronize();
-    EXPECT_EQ(stored(), "[General]\nDefaultDate=new\n");
 
+    countWarnings();
+    defaults.synchronize();
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=new\n");
     QDir(QFileInfo(m_path).path()).removeRecursively();
     defaults.setText(key, QStringLiteral("newer"));
     defaults.synchronize();
-    EXPECT_EQ(stored(), "[General]\nDefaultDate=newer\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=newer\n");
+    EXPECT_EQ(warnings(), 0);
 }

@@ -117,19 +117,6 @@ bool Desktop::isCalled(const char* program) {
     return QTest::qWaitFor([program] { return QFile::exists(recordOf(program)); }, 300);
 }
 
-std::optional<QByteArray> contents(const QString& path) {
-    QFile file(path);
-    if (!file.open(QFile::ReadOnly))
-        return std::nullopt;
-    return file.readAll();
-}
-
-void write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size())
-        throw std::runtime_error("the test cannot write its file");
-}
-
 QString textOfPdf(const QString& path, const QStringList& options) {
     return QString::fromUtf8(
         outputOf("pdftotext", options + QStringList{path, QStringLiteral("-")}));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/PrintText.h"
+#include "support/TestFiles.h"
 
 #include <QImage>
 #include <QProcess>
@@ -36,10 +37,6 @@ private:
     QTemporaryDir m_home;
     QProcess m_bus;
 };
-
-/** What a file holds; nothing when there is none. */
-std::optional<QByteArray> contents(const QString& path);
-void write(const QString& path, const QByteArray& bytes);
 
 /** What pdftotext reads in a PDF file. */
 QString textOfPdf(const QString& path, const QStringList& options = {});

@@ -1,8 +1,9 @@
-#include "Desktop.h"
-#include "platform/Files.h"
+#include "foundation/Files.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 
 #include <csignal>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "Files.h"
+#include "foundation/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,14 +12,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByteArray& bytes) {
+std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByteArray& bytes,
+                                                QFileDevice::Permissions permissions) {
     const auto failure = [&path](const QString& reason) {
         return WriteFailure{QStringLiteral("\"%1\" cannot be written: %2.").arg(path, reason)};
     };
     // Not QSaveFile, which writes to where a link at the path leads.
     QFile file(QFileInfo(path).path() + QStringLiteral("/.Lantern-") +
                QUuid::createUuid().toString(QUuid::Id128));
-    if (!file.open(QFile::NewOnly | QFile::WriteOnly))
+    if (!file.open(QFile::NewOnly | QFile::WriteOnly, permissions))
         return failure(file.errorString());
     if (file.write(bytes) != bytes.size() || !file.flush() || ::fsync(file.handle()) != 0) {
         const QString reason =
