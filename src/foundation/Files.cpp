@@ -20,9 +20,11 @@ std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByte
     // Not QSaveFile, which writes to where a link at the path leads.
     QFile file(QFileInfo(path).path() + QStringLiteral("/.Lantern-") +
                QUuid::createUuid().toString(QUuid::Id128));
-    if (!file.open(QFile::NewOnly | QFile::WriteOnly, permissions))
+    // Unbuffered, since to remove a file with bytes left to write would try them again, and then
+    // leave it.
+    if (!file.open(QFile::NewOnly | QFile::WriteOnly | QFile::Unbuffered, permissions))
         return failure(file.errorString());
-    if (file.write(bytes) != bytes.size() || !file.flush() || ::fsync(file.handle()) != 0) {
+    if (file.write(bytes) != bytes.size() || ::fsync(file.handle()) != 0) {
         const QString reason =
             file.error() == QFile::NoError ? qt_error_string(errno) : file.errorString();
         file.remove();
@@ -35,7 +37,17 @@ std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByte
         file.remove();
         return failure(reason);
     }
+    syncFolder(QFileInfo(path).path());
     return std::nullopt;
+}
+
+void syncFolder(const QString& path) {
+    const int folder =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    ::fsync(folder);
+    ::close(folder);
 }
 
 QString documentsFolder() {

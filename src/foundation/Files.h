@@ -24,6 +24,9 @@ std::optional<WriteFailure>
 writeFileAtomically(const QString& path, const QByteArray& bytes,
                     QFileDevice::Permissions permissions = everyonesFile);
 
+/** Has the disk keep the names in a folder through a power cut, where the folder can be read. */
+void syncFolder(const QString& path);
+
 /** The user's documents folder; the home folder while there is none. */
 QString documentsFolder();
 

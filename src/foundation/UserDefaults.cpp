@@ -9,9 +9,9 @@
 #include <QLocale>
 #include <QLoggingCategory>
 #include <QSettings>
-#include <QTemporaryFile>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -27,10 +27,12 @@ void makePrivateFolder(const QString& path) {
         qCWarning(logger) << "The settings' folder cannot be made private:" << folder;
 }
 
-QMap<QString, QString> readSettings(const QString& path) {
+std::optional<QMap<QString, QString>> readSettings(const QString& path) {
     if (const QFileInfo file(path); file.exists() && !file.isSymLink())
         QFile::setPermissions(path, ownerFile);
     const QSettings settings(path, QSettings::IniFormat);
+    if (settings.status() == QSettings::AccessError)
+        return std::nullopt;
     QMap<QString, QString> texts;
     for (const QString& key : settings.allKeys()) {
         const QVariant value = settings.value(key);
@@ -39,25 +41,56 @@ QMap<QString, QString> readSettings(const QString& path) {
                          ? value.toStringList().join(QStringLiteral(", "))
                          : value.toString();
     }
-    if (settings.status() != QSettings::NoError)
-        qCWarning(logger) << "The settings cannot be read:" << path;
     return texts;
 }
 
-// QSettings itself would write to where a link at the path leads, so it writes a draft.
-std::optional<WriteFailure> writeSettings(const QString& path,
-                                          const QMap<QString, QString>& texts) {
-    QTemporaryFile draft(QFileInfo(path).absolutePath() + QStringLiteral("/.Lantern-XXXXXX"));
-    if (!draft.open())
-        return WriteFailure{draft.errorString()};
-    QSettings settings(draft.fileName(), QSettings::IniFormat);
+bool isLetterOrDigit(QChar character) {
+    return character.unicode() < 0x80 && character.isLetterOrNumber();
+}
+
+QByteArray hexadecimal(QChar character, int digits) {
+    return QByteArray::number(character.unicode(), 16).toUpper().rightJustified(digits, '0');
+}
+
+QByteArray escapedKey(const QString& key) {
+    QByteArray escaped;
+    for (const QChar character : key) {
+        if (isLetterOrDigit(character))
+            escaped += char(character.unicode());
+        else if (character == u'/')
+            escaped += '\\';
+        else if (character.unicode() <= 0xFF)
+            escaped += '%' + hexadecimal(character, 2);
+        else
+            escaped += "%U" + hexadecimal(character, 4);
+    }
+    return escaped;
+}
+
+QByteArray escapedValue(const QString& value) {
+    QString escaped = value.startsWith(u'@') ? QStringLiteral("@") : QString();
+    bool isAfterNumber = false; // which letters and digits would continue
+    for (const QChar character : value) {
+        const bool isNumber =
+            character.unicode() < u' ' || (isAfterNumber && isLetterOrDigit(character));
+        if (isNumber)
+            escaped += QStringLiteral("\\x") + QLatin1String(hexadecimal(character, 1));
+        else if (character == u'"' || character == u'\\')
+            escaped += QStringLiteral("\\") + character;
+        else
+            escaped += character;
+        isAfterNumber = isNumber;
+    }
+    return escaped.toUtf8();
+}
+
+// As QSettings reads it. What that writes itself goes to where a link at its place leads, and if
+// the disk takes only a part, nothing tells.
+QByteArray iniText(const QMap<QString, QString>& texts) {
+    QByteArray ini = "[General]\n";
     for (const auto& [key, text] : texts.asKeyValueRange())
-        settings.setValue(key, text);
-    settings.sync();
-    QFile file(draft.fileName());
-    if (settings.status() != QSettings::NoError || !file.open(QFile::ReadOnly))
-        return WriteFailure{QStringLiteral("no draft can be written")};
-    return writeFileAtomically(path, file.readAll(), ownerFile);
+        ini += escapedKey(key) + "=\"" + escapedValue(text) + "\"\n";
+    return ini;
 }
 
 } // namespace
@@ -72,7 +105,7 @@ QString decimalDescription(double number) {
 UserDefaults::UserDefaults(const QString& path)
     : m_path(path) {
     makePrivateFolder(path);
-    m_texts = readSettings(path);
+    read();
 }
 
 UserDefaults::~UserDefaults() {
@@ -123,8 +156,24 @@ void UserDefaults::synchronize() {
     if (!m_hasChanged)
         return;
     makePrivateFolder(m_path);
-    if (const auto failure = writeSettings(m_path, m_texts))
-        qCWarning(logger) << "The settings cannot be written:" << m_path << failure->description;
+    read();
+    if (!m_isRead)
+        return; // what the file holds must not be written over
+    if (const auto failure = writeFileAtomically(m_path, iniText(m_texts), ownerFile))
+        qCWarning(logger) << "The settings:" << failure->description;
     else
         m_hasChanged = false;
+}
+
+void UserDefaults::read() {
+    if (m_isRead)
+        return;
+    auto texts = readSettings(m_path);
+    m_isRead = texts.has_value();
+    if (!texts) {
+        qCWarning(logger) << "The settings cannot be read:" << m_path;
+        return;
+    }
+    texts->insert(m_texts);
+    m_texts = std::move(*texts);
 }

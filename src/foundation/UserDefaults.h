@@ -41,8 +41,11 @@ public:
     void synchronize();
 
 private:
+    void read();
+
     QString m_path;
     QMap<QString, QString> m_texts;
+    bool m_isRead = false; ///< until the file could be read, what is set here is not all
     bool m_hasChanged = false;
     QObject m_writer;
 };

@@ -1,5 +1,7 @@
 #include "store/Connection.h"
 
+#include "foundation/Files.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -42,11 +44,7 @@ int makeFolder(const std::filesystem::path& folder) {
         return failed;
     if (::mkdir(folder.c_str(), S_IRWXU) != 0)
         return errno;
-    const int parent = ::open(folder.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (parent >= 0) { // else it may not be read, which is no reason to do without the store
-        ::fsync(parent);
-        ::close(parent);
-    }
+    syncFolder(QFile::decodeName(folder.parent_path().c_str()));
     return 0;
 }
 

@@ -21,15 +21,6 @@
 
 namespace {
 
-template <class Dialog>
-Dialog* shownDialog() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* dialog = qobject_cast<Dialog*>(widget); dialog && dialog->isVisible())
-            return dialog;
-    }
-    return nullptr;
-}
-
 const QByteArray collection = "[QUOTECOLLECTION]\n"
                               "Лев^T^S^2021-03-01 12:00:00 +0000^\"one\"@#@😀 é\n"
                               "[TOPICCOLLECTION]\n"

@@ -42,17 +42,26 @@ TEST_F(UserDefaultsTest, GiveEveryTextBackAsItWas) {
         QStringLiteral(" , ; # = % \\ \" ' "),
         QStringLiteral("@Invalid()"),
         QStringLiteral("two\nlines\tand a tab"),
+        QStringLiteral("a\x01"
+                       "face\x1f\r\n0123 \\x41"),
+        QStringLiteral("@String(x)"),
         QString::fromUtf8("٠٤\u200F/١١\u200F/٢٠١٨ 🏮"),
     };
+    const QStringList keys{QStringLiteral("UseDateWheel"), QStringLiteral("a group/of=two [x]"),
+                           QStringLiteral("50% \u00e9\u0436;")};
     {
         UserDefaults defaults(m_path);
         for (qsizetype i = 0; i < texts.size(); ++i)
             defaults.setText(QString::number(i), texts[i]);
+        for (const QString& key : keys)
+            defaults.setText(key, key);
         defaults.synchronize();
     }
     const UserDefaults reopened(m_path);
     for (qsizetype i = 0; i < texts.size(); ++i)
         EXPECT_EQ(reopened.object(QString::number(i)), texts[i]) << texts[i].toStdString();
+    for (const QString& key : keys)
+        EXPECT_EQ(reopened.object(key), key);
     EXPECT_EQ(reopened.object(QStringLiteral("never set")), std::nullopt);
 }
 
@@ -100,7 +109,7 @@ TEST_F(UserDefaultsTest, AreReadableByTheirOwnerAlone) {
     const UserDefaults reopened(m_path);
     EXPECT_TRUE(isPrivate());
     ::umask(umask);
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=written\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"written\"\n");
 }
 
 TEST_F(UserDefaultsTest, AreReadThroughALinkAndWrittenInItsPlace) {
@@ -115,7 +124,7 @@ TEST_F(UserDefaultsTest, AreReadThroughALinkAndWrittenInItsPlace) {
         defaults.setBool(QStringLiteral("UseDefaultDate"), true);
     }
     EXPECT_FALSE(QFileInfo(m_path).isSymLink());
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=linked\nUseDefaultDate=true\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"linked\"\nUseDefaultDate=\"true\"\n");
     EXPECT_EQ(contents(target), "[General]\nDefaultDate=linked\n");
     EXPECT_TRUE(QFile::permissions(target) & QFile::ReadOther);
     EXPECT_EQ(QDir(QFileInfo(m_path).path()).entryList(QDir::Files | QDir::Hidden),
@@ -128,7 +137,7 @@ TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndAFolderThatGoes) {
     defaults.setText(key, QStringLiteral("old"));
     EXPECT_EQ(contents(m_path), std::nullopt) << "not before the event loop is reached";
     QCoreApplication::processEvents();
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=old\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"old\"\n");
 
     rlimit unlimited{};
     ::getrlimit(RLIMIT_FSIZE, &unlimited);
@@ -141,15 +150,15 @@ TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndAFolderThatGoes) {
     EXPECT_EQ(warnings(), 1);
     ::setrlimit(RLIMIT_FSIZE, &unlimited);
     std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=old\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"old\"\n");
     EXPECT_EQ(defaults.object(key), QStringLiteral("new")) << "the program goes on with it";
 
     countWarnings();
     defaults.synchronize();
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=new\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"new\"\n");
     QDir(QFileInfo(m_path).path()).removeRecursively();
     defaults.setText(key, QStringLiteral("newer"));
     defaults.synchronize();
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=newer\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"newer\"\n");
     EXPECT_EQ(warnings(), 0);
 }

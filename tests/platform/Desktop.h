@@ -3,6 +3,7 @@
 #include "support/PrintText.h"
 #include "support/TestFiles.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QProcess>
 #include <QString>
@@ -42,6 +43,16 @@ private:
 QString textOfPdf(const QString& path, const QStringList& options = {});
 /** The first page of a PDF file, a dot for each point. */
 QImage pictureOfPdf(const QString& path);
+
+/** The dialog of a kind that is on the screen; null when there is none. */
+template <class Dialog>
+Dialog* shownDialog() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* dialog = qobject_cast<Dialog*>(widget); dialog && dialog->isVisible())
+            return dialog;
+    }
+    return nullptr;
+}
 
 /** Handles events until the condition holds; false when it does not within seconds. */
 bool waitFor(const std::function<bool()>& condition);

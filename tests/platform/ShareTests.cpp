@@ -109,15 +109,6 @@ TEST(Copying, PutsTheTextOnTheClipboard) {
     EXPECT_EQ(QApplication::clipboard()->text(), text);
 }
 
-template <class Dialog>
-Dialog* shownDialog() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* dialog = qobject_cast<Dialog*>(widget); dialog && dialog->isVisible())
-            return dialog;
-    }
-    return nullptr;
-}
-
 class Saving : public testing::Test {
 protected:
     void choosePlace(const QString& path) {
