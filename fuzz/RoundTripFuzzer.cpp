@@ -47,7 +47,6 @@ std::optional<Date> date(Choices& choices) {
 
 /** What a reader makes of a file, put as plainly as it can be. */
 std::vector<QStringList> plainlyReadQuotes(QString document) {
-    const QString document = QString::fromUtf8(file);
     std::vector<QStringList> quotes;
     document.replace(u'\r', u'\n').remove(u'\'');
     for (const QString& line : document.split(u'\n')) {
@@ -138,6 +137,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
             keptTopics.push_back(trimmed(name));
     }
 
+    const QString document = QString::fromUtf8(file);
     std::vector<QStringList> quotes;
     const bool isRead = readQuoteLines(document, [&](const QuoteLine& line) {
         quotes.push_back({line.author, line.topic, line.source, line.date, line.quote});

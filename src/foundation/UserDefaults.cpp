@@ -9,6 +9,7 @@
 #include <QLocale>
 #include <QLoggingCategory>
 #include <QSettings>
+#include <QTemporaryDir>
 
 #include <cmath>
 #include <utility>
@@ -44,53 +45,21 @@ std::optional<QMap<QString, QString>> readSettings(const QString& path) {
     return texts;
 }
 
-bool isLetterOrDigit(QChar character) {
-    return character.unicode() < 0x80 && character.isLetterOrNumber();
-}
-
-QByteArray hexadecimal(QChar character, int digits) {
-    return QByteArray::number(character.unicode(), 16).toUpper().rightJustified(digits, '0');
-}
-
-QByteArray escapedKey(const QString& key) {
-    QByteArray escaped;
-    for (const QChar character : key) {
-        if (isLetterOrDigit(character))
-            escaped += char(character.unicode());
-        else if (character == u'/')
-            escaped += '\\';
-        else if (character.unicode() <= 0xFF)
-            escaped += '%' + hexadecimal(character, 2);
-        else
-            escaped += "%U" + hexadecimal(character, 4);
+/** The file that QSettings makes of the texts; nothing when the disk did not take all of it. */
+std::optional<QByteArray> iniFile(const QMap<QString, QString>& texts) {
+    // A draft, since QSettings writes to where a link at its place leads, and does not tell when
+    // the disk refuses the last bytes. Of the draft itself it would remember what it has written.
+    const QTemporaryDir folder;
+    const QString draft = folder.filePath(QStringLiteral("draft.ini"));
+    const QString copy = folder.filePath(QStringLiteral("copy.ini"));
+    {
+        QSettings settings(draft, QSettings::IniFormat);
+        for (const auto& [key, text] : texts.asKeyValueRange())
+            settings.setValue(key, text);
     }
-    return escaped;
-}
-
-QByteArray escapedValue(const QString& value) {
-    QString escaped = value.startsWith(u'@') ? QStringLiteral("@") : QString();
-    bool isAfterNumber = false; // which letters and digits would continue
-    for (const QChar character : value) {
-        const bool isNumber =
-            character.unicode() < u' ' || (isAfterNumber && isLetterOrDigit(character));
-        if (isNumber)
-            escaped += QStringLiteral("\\x") + QLatin1String(hexadecimal(character, 1));
-        else if (character == u'"' || character == u'\\')
-            escaped += QStringLiteral("\\") + character;
-        else
-            escaped += character;
-        isAfterNumber = isNumber;
-    }
-    return escaped.toUtf8();
-}
-
-// As QSettings reads it. What that writes itself goes to where a link at its place leads, and if
-// the disk takes only a part, nothing tells.
-QByteArray iniText(const QMap<QString, QString>& texts) {
-    QByteArray ini = "[General]\n";
-    for (const auto& [key, text] : texts.asKeyValueRange())
-        ini += escapedKey(key) + "=\"" + escapedValue(text) + "\"\n";
-    return ini;
+    if (!QFile::copy(draft, copy) || readSettings(copy) != texts)
+        return std::nullopt;
+    return readOwnFile(copy);
 }
 
 } // namespace
@@ -159,7 +128,10 @@ void UserDefaults::synchronize() {
     read();
     if (!m_isRead)
         return; // what the file holds must not be written over
-    if (const auto failure = writeFileAtomically(m_path, iniText(m_texts), ownerFile))
+    const auto file = iniFile(m_texts);
+    const auto failure = file ? writeFileAtomically(m_path, *file, ownerFile)
+                              : WriteFailure{QStringLiteral("A draft cannot be written.")};
+    if (failure)
         qCWarning(logger) << "The settings:" << failure->description;
     else
         m_hasChanged = false;

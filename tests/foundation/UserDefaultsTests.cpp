@@ -109,7 +109,7 @@ TEST_F(UserDefaultsTest, AreReadableByTheirOwnerAlone) {
     const UserDefaults reopened(m_path);
     EXPECT_TRUE(isPrivate());
     ::umask(umask);
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"written\"\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=written\n");
 }
 
 TEST_F(UserDefaultsTest, AreReadThroughALinkAndWrittenInItsPlace) {
@@ -124,7 +124,7 @@ TEST_F(UserDefaultsTest, AreReadThroughALinkAndWrittenInItsPlace) {
         defaults.setBool(QStringLiteral("UseDefaultDate"), true);
     }
     EXPECT_FALSE(QFileInfo(m_path).isSymLink());
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"linked\"\nUseDefaultDate=\"true\"\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=linked\nUseDefaultDate=true\n");
     EXPECT_EQ(contents(target), "[General]\nDefaultDate=linked\n");
     EXPECT_TRUE(QFile::permissions(target) & QFile::ReadOther);
     EXPECT_EQ(QDir(QFileInfo(m_path).path()).entryList(QDir::Files | QDir::Hidden),
@@ -137,7 +137,7 @@ TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndAFolderThatGoes) {
     defaults.setText(key, QStringLiteral("old"));
     EXPECT_EQ(contents(m_path), std::nullopt) << "not before the event loop is reached";
     QCoreApplication::processEvents();
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"old\"\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=old\n");
 
     rlimit unlimited{};
     ::getrlimit(RLIMIT_FSIZE, &unlimited);
@@ -150,15 +150,15 @@ TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndAFolderThatGoes) {
     EXPECT_EQ(warnings(), 1);
     ::setrlimit(RLIMIT_FSIZE, &unlimited);
     std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"old\"\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=old\n");
     EXPECT_EQ(defaults.object(key), QStringLiteral("new")) << "the program goes on with it";
 
     countWarnings();
     defaults.synchronize();
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"new\"\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=new\n");
     QDir(QFileInfo(m_path).path()).removeRecursively();
     defaults.setText(key, QStringLiteral("newer"));
     defaults.synchronize();
-    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=\"newer\"\n");
+    EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=newer\n");
     EXPECT_EQ(warnings(), 0);
 }

@@ -91,7 +91,7 @@ public:
     }
     ~Export() { EXPECT_EQ(contentsOf(application.context()), m_stored); }
 
-    QByteArray collection() const { return screen.DataString->toUtf8(); }
+    QByteArray collection() const { return *screen.DataString; }
     QString sharedFile() const {
         return application.folder.filePath(QStringLiteral("temporary/QuoteCollection.csv"));
     }
@@ -156,7 +156,7 @@ TEST_F(FileFaults, OfTheSettingsAreLoggedAndMadeGoodLater) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("Lantern.ini"));
     UserDefaults defaults(path);
-    writeAtEveryFault(path, "[General]\nDefaultDate=\"new\"\n", [&] {
+    writeAtEveryFault(path, "[General]\nDefaultDate=new\n", [&] {
         defaults.setText(QStringLiteral("DefaultDate"), QStringLiteral("new"));
         defaults.synchronize();
         return wasToldInLog();
@@ -176,5 +176,5 @@ TEST_F(FileFaults, OfReadingTheSettingsDoNotHaveThemWrittenOver) {
     failing.reset();
     EXPECT_EQ(contents(path), "[General]\nDefaultDate=old\n");
     defaults.synchronize();
-    EXPECT_EQ(contents(path), "[General]\nDefaultDate=\"old\"\nUseDateWheel=\"true\"\n");
+    EXPECT_EQ(contents(path), "[General]\nDefaultDate=old\nUseDateWheel=true\n");
 }
