@@ -31,8 +31,8 @@ FormPage {
         focus: true
     }
 
-    Repeater {
-        model: root.controller.menuOptionsButton
+    ObjectRepeater {
+        objects: root.controller.menuOptionsButton
 
         Item {
             id: place

@@ -12,8 +12,8 @@ FormPage {
 
     onBackgroundTapped: controller.touchesBegan()
 
-    Repeater {
-        model: root.controller.textFields
+    ObjectRepeater {
+        objects: root.controller.textFields
 
         FormField {
             required property int index
@@ -25,8 +25,8 @@ FormPage {
         }
     }
 
-    Repeater {
-        model: root.controller.buttons
+    ObjectRepeater {
+        objects: root.controller.buttons
 
         PushButton {
             required property QtObject modelData

@@ -104,8 +104,8 @@ Item {
         anchors.rightMargin: 4
         y: (Theme.barHeight - height) / 2
 
-        Repeater {
-            model: root.navigationItem.rightBarButtonItems
+        ObjectRepeater {
+            objects: root.navigationItem.rightBarButtonItems
 
             TextButton {
                 required property QtObject modelData

@@ -18,8 +18,8 @@ Rectangle {
         anchors.leftMargin: Theme.gap
         anchors.rightMargin: Theme.gap
 
-        Repeater {
-            model: root.control.items
+        ObjectRepeater {
+            objects: root.control.items
 
             TextButton {
                 required property QtObject modelData
