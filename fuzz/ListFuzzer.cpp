@@ -1,8 +1,6 @@
-#include "Fuzzing.h"
-#include "ListTexts.h"
+#include "Sessions.h"
 #include "quotes/MasterTableViewCell.h"
 #include "quotes/MasterViewController.h"
-#include "reliability/SimulatedDisk.h"
 #include "support/TestApplication.h"
 
 #include <algorithm>
@@ -85,7 +83,7 @@ public:
             m_model.refresh();
             break;
         case 4:
-            search(texts.at(std::size_t(choices.below(16))).value_or(QString()));
+            search(anyText(choices).value_or(QString()));
             break;
         case 5:
             remove(choices);
@@ -116,7 +114,7 @@ private:
         Event& record = *m_application.context().insert<Event>();
         Model::Quote quote{&record, {}, false};
         for (std::size_t field = 0; field < quote.fields.size(); ++field) {
-            quote.fields.at(field) = texts.at(std::size_t(choices.below(16)));
+            quote.fields.at(field) = anyText(choices);
             set(record, field, quote.fields.at(field));
         }
         m_application.delegate.saveContext();
@@ -137,7 +135,7 @@ private:
         auto& shown = m_model.shown();
         if (shown.empty())
             return;
-        const int row = choices.below(int(std::min<std::size_t>(shown.size(), 256)));
+        const int row = int(anyOf(choices, shown.size()));
         m_list.trailingSwipeActionsConfigurationForRowAtIndexPath(row).front().handler();
         m_model.quotes[shown[std::size_t(row)]].isDeleted = true;
         shown.erase(shown.begin() + row);
@@ -147,10 +145,9 @@ private:
     void rename(Choices& choices) {
         if (m_model.all.empty())
             return;
-        Model::Quote& quote = m_model.quotes[m_model.all.at(
-            std::size_t(choices.below(int(std::min<std::size_t>(m_model.all.size(), 256)))))];
+        Model::Quote& quote = m_model.quotes[m_model.all.at(anyOf(choices, m_model.all.size()))];
         const auto field = std::size_t(choices.below(4));
-        const auto& text = texts.at(std::size_t(choices.below(16)));
+        const auto& text = anyText(choices);
         if (quote.isDeleted)
             return;
         set(const_cast<Event&>(*quote.record), field, text);
@@ -188,10 +185,5 @@ private:
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
-    const SimulatedDisk disk;
-    Choices choices(bytes, std::min<std::size_t>(count, 400));
-    Session session;
-    while (!choices.isAtEnd())
-        session.act(choices);
-    return 0;
+    return runSession<Session>(bytes, count);
 }

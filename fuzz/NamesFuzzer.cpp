@@ -1,11 +1,9 @@
-#include "Fuzzing.h"
-#include "ListTexts.h"
+#include "Sessions.h"
 #include "names/Breakdowns.h"
 #include "names/BrowseLists.h"
 #include "names/RecordLists.h"
 #include "names/TopicTableTableViewController.h"
 #include "reliability/NameForms.h"
-#include "reliability/SimulatedDisk.h"
 #include "support/TestApplication.h"
 
 #include <algorithm>
@@ -13,10 +11,6 @@
 namespace {
 
 const QString groupName = QStringLiteral("a"); ///< of the quotes that the breakdown lists
-
-QString anyText(Choices& choices) {
-    return texts.at(std::size_t(choices.below(16))).value_or(QString());
-}
 
 struct Quote {
     Event* record;
@@ -97,8 +91,8 @@ public:
 
     void act(Choices& choices, TextField* const AddForm::*newName, void (AddForm::*add)(),
              TextField* const EditForm::*editedName, void (EditForm::*edit)()) {
-        const int row = m_names.empty() ? -1 : choices.below(int(std::min(m_names.size(), 256UL)));
-        const QString name = anyText(choices);
+        const int row = m_names.empty() ? -1 : int(anyOf(choices, m_names.size()));
+        const QString name = anyText(choices).value_or(QString());
         switch (choices.below(4)) {
         case 0:
         case 1:
@@ -213,9 +207,9 @@ private:
 
     void add(Choices& choices) {
         Quote quote{m_application.context().insert<Event>(), {}};
-        set(quote, 0, choices.below(2) == 0 ? groupName : anyText(choices));
+        set(quote, 0, choices.below(2) == 0 ? groupName : anyText(choices).value_or(QString()));
         for (const std::size_t field : {1, 2})
-            set(quote, field, texts.at(std::size_t(choices.below(16))));
+            set(quote, field, anyText(choices));
         m_application.delegate.saveContext();
         m_quotes.push_back(quote);
         comeBack();
@@ -224,7 +218,7 @@ private:
     void remove(Choices& choices) {
         if (m_quotes.empty())
             return;
-        const auto place = m_quotes.begin() + choices.below(int(std::min(m_quotes.size(), 256UL)));
+        const auto place = m_quotes.begin() + std::ptrdiff_t(anyOf(choices, m_quotes.size()));
         m_application.context().deleteObject(*place->record);
         m_application.delegate.saveContext();
         m_quotes.erase(place);
@@ -234,10 +228,9 @@ private:
     void rename(Choices& choices) {
         if (m_quotes.empty())
             return;
-        Quote& quote =
-            m_quotes.at(std::size_t(choices.below(int(std::min(m_quotes.size(), 256UL)))));
+        Quote& quote = m_quotes.at(anyOf(choices, m_quotes.size()));
         const auto field = std::size_t(choices.below(3));
-        set(quote, field, texts.at(std::size_t(choices.below(16))));
+        set(quote, field, anyText(choices));
         m_application.delegate.saveContext();
         comeBack();
     }
@@ -265,7 +258,7 @@ private:
     }
 
     void search(Choices& choices) {
-        const QString text = anyText(choices);
+        const QString text = anyText(choices).value_or(QString());
         if (text == m_ofTopic.searchText)
             return;
         m_authors.list.searchController->searchBar()->setText(text);
@@ -313,10 +306,5 @@ private:
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
-    const SimulatedDisk disk;
-    Choices choices(bytes, std::min<std::size_t>(count, 400));
-    Session session;
-    while (!choices.isAtEnd())
-        session.act(choices);
-    return 0;
+    return runSession<Session>(bytes, count);
 }

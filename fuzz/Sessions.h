@@ -1,7 +1,11 @@
 #pragma once
 
+#include "Fuzzing.h"
+#include "reliability/SimulatedDisk.h"
+
 #include <QString>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
@@ -27,6 +31,15 @@ inline const std::array<std::optional<QString>, 16> texts{
     QStringLiteral("a\nb"),
 };
 
+inline const std::optional<QString>& anyText(Choices& choices) {
+    return texts.at(std::size_t(choices.below(int(texts.size()))));
+}
+
+/** One of so many, of which the later ones may be out of reach. */
+inline std::size_t anyOf(Choices& choices, std::size_t count) {
+    return std::size_t(choices.below(int(std::min<std::size_t>(count, 256))));
+}
+
 /** A value that orders texts as lists do: absent before empty, then by code points. */
 inline std::pair<bool, std::string> sortable(const std::optional<QString>& text) {
     return {text.has_value(), text.value_or(QString()).toStdString()};
@@ -35,4 +48,15 @@ inline std::pair<bool, std::string> sortable(const std::optional<QString>& text)
 /** Whether a search finds a text. */
 inline bool matches(const std::optional<QString>& text, const QString& search) {
     return text && text->toLower().contains(search.toLower());
+}
+
+/** Has a session of actions with screens act as the bytes choose, on a disk that never waits. */
+template <class Session>
+int runSession(const std::uint8_t* bytes, std::size_t count) {
+    const SimulatedDisk disk;
+    Choices choices(bytes, std::min<std::size_t>(count, 400));
+    Session session;
+    while (!choices.isAtEnd())
+        session.act(choices);
+    return 0;
 }
