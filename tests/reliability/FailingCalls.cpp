@@ -15,7 +15,7 @@ namespace {
 thread_local FailingCalls* failing = nullptr;
 
 int openFile(const char* path, int flags, std::va_list arguments) {
-    const bool hasMode = (flags & (O_CREAT | O_TMPFILE)) != 0;
+    const bool hasMode = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
     const auto mode = hasMode ? va_arg(arguments, mode_t) : 0;
     return FailingCalls::strikes(path) ? -1
                                        : int(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
