@@ -1,6 +1,7 @@
 #include "exchange/CollectionFile.h"
 
 #include "foundation/FatalError.h"
+#include "foundation/LineEnds.h"
 
 #include <algorithm>
 #include <array>
@@ -10,29 +11,22 @@ namespace {
 
 constexpr QStringView utcOffset = u" +0000";
 
-/** The lines of a text, one after the other. CR LF, LF and CR each end a line. */
+/** The lines of a text, one after the other. */
 class LineReader {
 public:
     explicit LineReader(QStringView text)
-        : m_rest(text) {}
+        : m_text(text)
+        , m_ends(text) {}
 
     /** Whether there was one more line, which line() and number() then tell of. */
     bool next() {
-        if (m_atEnd)
+        if (m_isAtEnd)
             return false;
-        const auto isLineEnd = [](QChar character) {
-            return character == u'\n' || character == u'\r';
-        };
-        const qsizetype length =
-            std::find_if(m_rest.begin(), m_rest.end(), isLineEnd) - m_rest.begin();
-        m_line = m_rest.first(length);
+        const qsizetype end = m_ends.next(m_place);
+        m_line = m_text.sliced(m_place, end - m_place);
         ++m_number;
-        m_atEnd = length == m_rest.size();
-        const qsizetype lineEndLength = m_atEnd ? 0
-                                        : m_rest.sliced(length).startsWith(QLatin1String("\r\n"))
-                                            ? 2
-                                            : 1;
-        m_rest = m_rest.sliced(length + lineEndLength);
+        m_isAtEnd = end == m_text.size();
+        m_place = end + m_ends.length(end);
         return true;
     }
 
@@ -40,10 +34,12 @@ public:
     qsizetype number() const { return m_number; }
 
 private:
-    QStringView m_rest;
+    QStringView m_text;
+    LineEnds m_ends;
     QStringView m_line;
+    qsizetype m_place = 0;
     qsizetype m_number = 0;
-    bool m_atEnd = false;
+    bool m_isAtEnd = false;
 };
 
 // QString::replace moves the rest of the text again and again: too slow for a long one.

@@ -91,7 +91,7 @@ void ExportViewController::buildTopicSection() {
     }
     const QString text = QString::fromUtf8(*DataString);
     // Bytes of a damaged store would have the whole file taken for another encoding.
-    if (!DataString->isValidUtf8())
+    if (text.contains(QChar::ReplacementCharacter))
         DataString = text.toUtf8();
     ExportTextView->setText(text);
     EmailButton->setEnabled(true);
@@ -124,7 +124,7 @@ void ExportViewController::SaveToFiles() {
         fatalError(QStringLiteral("A collection was to be saved before it was made"));
     const QString path = filePath();
     qCInfo(lcExchange) << path;
-    if (const auto failure = writeFileAtomically(path, *DataString))
+    if (const auto failure = writeTemporaryFile(path, *DataString))
         qCWarning(lcExchange) << failure->description;
     present(makeActivityViewController(
         m_application.services.platform, {SharedFile{path}},
@@ -137,7 +137,7 @@ void ExportViewController::WriteTextFile() {
     const QString path = filePath();
     const QString text = ExportTextView->text();
     if (!text.isEmpty()) {
-        if (const auto failure = writeFileAtomically(path, text.toUtf8()))
+        if (const auto failure = writeTemporaryFile(path, text.toUtf8()))
             qCWarning(lcExchange) << failure->description;
     }
     // What is shown from here on is what is sent.

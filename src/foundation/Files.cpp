@@ -12,8 +12,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByteArray& bytes,
-                                                QFileDevice::Permissions permissions) {
+namespace {
+
+std::optional<WriteFailure> write(const QString& path, const QByteArray& bytes,
+                                  QFileDevice::Permissions permissions, bool isToLast) {
     const auto failure = [&path](const QString& reason) {
         return WriteFailure{QStringLiteral("\"%1\" cannot be written: %2.").arg(path, reason)};
     };
@@ -24,7 +26,7 @@ std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByte
     // leave it.
     if (!file.open(QFile::NewOnly | QFile::WriteOnly | QFile::Unbuffered, permissions))
         return failure(file.errorString());
-    if (file.write(bytes) != bytes.size() || ::fsync(file.handle()) != 0) {
+    if (file.write(bytes) != bytes.size() || (isToLast && ::fsync(file.handle()) != 0)) {
         const QString reason =
             file.error() == QFile::NoError ? qt_error_string(errno) : file.errorString();
         file.remove();
@@ -37,8 +39,20 @@ std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByte
         file.remove();
         return failure(reason);
     }
-    syncFolder(QFileInfo(path).path());
+    if (isToLast)
+        syncFolder(QFileInfo(path).path());
     return std::nullopt;
+}
+
+} // namespace
+
+std::optional<WriteFailure> writeFileAtomically(const QString& path, const QByteArray& bytes,
+                                                QFileDevice::Permissions permissions) {
+    return write(path, bytes, permissions, true);
+}
+
+std::optional<WriteFailure> writeTemporaryFile(const QString& path, const QByteArray& bytes) {
+    return write(path, bytes, ownerFile, false);
 }
 
 void syncFolder(const QString& path) {

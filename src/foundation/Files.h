@@ -24,6 +24,9 @@ std::optional<WriteFailure>
 writeFileAtomically(const QString& path, const QByteArray& bytes,
                     QFileDevice::Permissions permissions = everyonesFile);
 
+/** The same for a file that does not outlive the program: it does not wait for the disk. */
+std::optional<WriteFailure> writeTemporaryFile(const QString& path, const QByteArray& bytes);
+
 /** Has the disk keep the names in a folder through a power cut, where the folder can be read. */
 void syncFolder(const QString& path);
 

@@ -108,7 +108,7 @@ QStringList DesktopPlatform::writeAttachments(const MailMessage& message) {
         QTemporaryDir folder(m_attachments.filePath(QStringLiteral("XXXXXX")));
         folder.setAutoRemove(false);
         const QString path = folder.filePath(QFileInfo(attachment.fileName).fileName());
-        if (const auto failure = writeFileAtomically(path, attachment.data))
+        if (const auto failure = writeTemporaryFile(path, attachment.data))
             qCWarning(lcPlatform) << failure->description;
         else
             paths.append(path);

@@ -1,5 +1,7 @@
 #include "TextLines.h"
 
+#include "foundation/LineEnds.h"
+
 #include <algorithm>
 
 namespace {
@@ -25,15 +27,14 @@ void TextLines::setText(const QString& text, LineBreakMode mode) {
     m_text = text;
     m_starts.clear();
     const bool wraps = mode == LineBreakMode::WordWrapping;
+    LineEnds ends(m_text);
     for (qsizetype start = 0; start < text.size();) {
         m_starts.append(start);
-        const QStringView rest = QStringView(text).sliced(start);
-        const QStringView line = wraps ? rest.left(longestShownLine + 1) : rest;
-        const qsizetype length = std::find_if(line.begin(), line.end(), isLineEnd) - line.begin();
-        if (wraps && length > longestShownLine)
-            start += continuationOf(line);
+        const qsizetype end = ends.next(start);
+        if (wraps && end - start > longestShownLine)
+            start += continuationOf(QStringView(text).sliced(start, longestShownLine + 1));
         else
-            start += length + (rest.sliced(length).startsWith(QLatin1String("\r\n")) ? 2 : 1);
+            start = end + std::max<qsizetype>(ends.length(end), 1);
     }
     endResetModel();
 }

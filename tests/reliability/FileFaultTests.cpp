@@ -65,7 +65,7 @@ protected:
                 }
             }
         }
-        EXPECT_GE(runs, 4 * 4) << "an open, a write, a sync and a move fail";
+        EXPECT_GE(runs, 4 * 3) << "an open, a write and a move fail";
         std::cout << runs << " runs with a fault\n";
     }
 
