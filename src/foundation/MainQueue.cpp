@@ -7,7 +7,8 @@
 
 void EventLoopMainQueue::async(std::function<void()> work) {
     if (m_waiting.empty())
-        QMetaObject::invokeMethod(&m_event, [this] { runAll(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &m_event, [this] { runAll(); }, Qt::QueuedConnection);
     m_waiting.push_back(std::move(work));
 }
 
