@@ -128,7 +128,7 @@ void NameColumn::sort(std::vector<Row>& rows, bool ascending) const {
         const auto ascendingRank = m_ranks[m_values[row]];
         return ascending ? ascendingRank : last - ascendingRank;
     };
-    if (rows.size() < m_names.size() / 16) {
+    if (rows.size() < m_names.size() / 64) {
         std::stable_sort(rows.begin(), rows.end(),
                          [&](Row left, Row right) { return rank(left) < rank(right); });
         return;
