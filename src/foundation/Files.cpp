@@ -55,6 +55,25 @@ std::optional<WriteFailure> writeTemporaryFile(const QString& path, const QByteA
     return write(path, bytes, ownerFile, false);
 }
 
+int makeOwnFolder(const QString& path) {
+    const QFileInfo folder(path);
+    if (path.isEmpty() || folder.isDir())
+        return 0;
+    if (folder.exists())
+        return ENOTDIR;
+    const QString parent = folder.path();
+    if (const int failed = makeOwnFolder(parent); failed != 0)
+        return failed;
+    const QByteArray name = QFile::encodeName(path);
+    // Another start of the program may make it at the same time.
+    if (::mkdir(name.constData(), S_IRWXU) != 0)
+        return errno == EEXIST && QFileInfo(path).isDir() ? 0 : errno;
+    if (::chmod(name.constData(), S_IRWXU) != 0)
+        return errno;
+    syncFolder(parent);
+    return 0;
+}
+
 void syncFolder(const QString& path) {
     const int folder =
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -62,6 +81,15 @@ void syncFolder(const QString& path) {
         return;
     ::fsync(folder);
     ::close(folder);
+}
+
+std::optional<QString> userFolder(const char* variable, const QString& belowHome) {
+    // Not QStandardPaths, which takes relative folders, and the root for the home that is missing.
+    const QString chosen = qEnvironmentVariable(variable);
+    if (QDir::isAbsolutePath(chosen))
+        return chosen;
+    const QString home = qEnvironmentVariable("HOME");
+    return QDir::isAbsolutePath(home) ? std::optional(home + u'/' + belowHome) : std::nullopt;
 }
 
 QString documentsFolder() {

@@ -27,8 +27,17 @@ writeFileAtomically(const QString& path, const QByteArray& bytes,
 /** The same for a file that does not outlive the program: it does not wait for the disk. */
 std::optional<WriteFailure> writeTemporaryFile(const QString& path, const QByteArray& bytes);
 
+/** Makes a folder, and those above it that are missing, for their owner alone whatever the umask,
+ * so that a power cut does not take them. Returns 0 or an errno. */
+int makeOwnFolder(const QString& path);
+
 /** Has the disk keep the names in a folder through a power cut, where the folder can be read. */
 void syncFolder(const QString& path);
+
+/** The folder of the user's files that a variable such as XDG_DATA_HOME names, or one in the home
+ * folder. Relative ones count as none, as the standard of these variables says; nothing when there
+ * is no home either. */
+std::optional<QString> userFolder(const char* variable, const QString& belowHome);
 
 /** The user's documents folder; the home folder while there is none. */
 QString documentsFolder();

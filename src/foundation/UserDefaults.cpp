@@ -3,7 +3,6 @@
 #include "foundation/FatalError.h"
 #include "foundation/Files.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
@@ -24,7 +23,7 @@ constexpr QLatin1String falseText("false");
 /** Makes the folder of a file, and leaves it to its owner alone. */
 void makePrivateFolder(const QString& path) {
     const QString folder = QFileInfo(path).absolutePath();
-    if (!QDir().mkpath(folder) || !QFile::setPermissions(folder, ownerFile | QFile::ExeOwner))
+    if (makeOwnFolder(folder) != 0 || !QFile::setPermissions(folder, ownerFile | QFile::ExeOwner))
         qCWarning(logger) << "The settings' folder cannot be made private:" << folder;
 }
 
@@ -46,10 +45,10 @@ std::optional<QMap<QString, QString>> readSettings(const QString& path) {
 }
 
 /** The file that QSettings makes of the texts; nothing when the disk did not take all of it. */
-std::optional<QByteArray> iniFile(const QMap<QString, QString>& texts) {
+std::optional<QByteArray> iniFile(const QMap<QString, QString>& texts, const QString& path) {
     // A draft, since QSettings writes to where a link at its place leads, and does not tell when
     // the disk refuses the last bytes. Of the draft itself it would remember what it has written.
-    const QTemporaryDir folder;
+    const QTemporaryDir folder(QFileInfo(path).path() + QStringLiteral("/.Lantern-XXXXXX"));
     const QString draft = folder.filePath(QStringLiteral("draft.ini"));
     const QString copy = folder.filePath(QStringLiteral("copy.ini"));
     {
@@ -128,7 +127,7 @@ void UserDefaults::synchronize() {
     read();
     if (!m_isRead)
         return; // what the file holds must not be written over
-    const auto file = iniFile(m_texts);
+    const auto file = iniFile(m_texts, m_path);
     const auto failure = file ? writeFileAtomically(m_path, *file, ownerFile)
                               : WriteFailure{QStringLiteral("A draft cannot be written.")};
     if (failure)

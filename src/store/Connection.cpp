@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <filesystem>
 #include <map>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -31,28 +30,11 @@ StoreError systemFailure(const QString& path, int code) {
                    QStringLiteral(", errno = %1").arg(code));
 }
 
-// Makes the folder and those above it. SQLite syncs the folder of its files when it makes them, but
-// a power cut could take a new folder that the one above has not been told to keep.
-// Returns 0 or an errno.
-int makeFolder(const std::filesystem::path& folder) {
-    std::error_code code;
-    if (folder.empty() || std::filesystem::is_directory(folder, code))
-        return 0;
-    if (std::filesystem::exists(folder, code))
-        return ENOTDIR;
-    if (const int failed = makeFolder(folder.parent_path()); failed != 0)
-        return failed;
-    if (::mkdir(folder.c_str(), S_IRWXU) != 0)
-        return errno;
-    syncFolder(QFile::decodeName(folder.parent_path().c_str()));
-    return 0;
-}
-
 // Makes the folder and, where there is none, an empty file, both for their owner alone.
 std::optional<StoreError> makeFile(const QString& folder, const QString& path) {
-    const QByteArray folderName = QFile::encodeName(folder);
-    if (const int code = makeFolder(folderName.toStdString()); code != 0)
+    if (const int code = makeOwnFolder(folder); code != 0)
         return systemFailure(folder, code);
+    const QByteArray folderName = QFile::encodeName(folder);
     // What the owner may do is left to the owner: a folder that is not writable stays so.
     struct stat status {};
     if (::stat(folderName.constData(), &status) != 0 ||

@@ -1,22 +1,26 @@
 #include "Program.h"
 
 #include "foundation/FatalError.h"
+#include "foundation/Files.h"
 #include "toolkit/NavigationController.h"
 #include "ui/Scenes.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QQmlExtensionPlugin>
-#include <QStandardPaths>
 
 Q_IMPORT_QML_PLUGIN(LanternPlugin)
 
 ProgramPaths ProgramPaths::ofThisUser() {
-    const auto folder = [](QStandardPaths::StandardLocation location) {
-        return QStandardPaths::writableLocation(location) + QStringLiteral("/Lantern");
+    const auto folder = [](const char* variable, const QString& belowHome) {
+        const auto found = userFolder(variable, belowHome);
+        if (!found)
+            fatalError(QStringLiteral("Neither %1 nor HOME names a folder for Lantern's files")
+                           .arg(QLatin1String(variable)));
+        return *found + QStringLiteral("/Lantern");
     };
-    return {folder(QStandardPaths::GenericDataLocation),
-            folder(QStandardPaths::GenericConfigLocation) + QStringLiteral("/Lantern.ini")};
+    return {folder("XDG_DATA_HOME", QStringLiteral(".local/share")),
+            folder("XDG_CONFIG_HOME", QStringLiteral(".config")) + QStringLiteral("/Lantern.ini")};
 }
 
 Program::Program(const ProgramPaths& paths, Environment environment, Platform& platform)

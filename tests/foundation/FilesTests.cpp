@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -60,6 +61,41 @@ TEST_F(Files, OnlyRegularFilesOfOnesOwnAreRead) {
     EXPECT_EQ(readOwnFile(path("file")), QByteArray("a\0b", 3));
     for (const char* other : {"link", "pipe", ".", "absent"})
         EXPECT_FALSE(readOwnFile(path(other))) << other;
+}
+
+TEST_F(Files, FoldersAreMadeForTheirOwnerAlone) {
+    for (const mode_t umask : {0000, 0777}) {
+        const mode_t before = ::umask(umask);
+        EXPECT_EQ(makeOwnFolder(path("a/b")), 0);
+        ::umask(before);
+        for (const char* made : {"a", "a/b"}) {
+            struct stat status {};
+            ::stat(QFile::encodeName(path(made)).constData(), &status);
+            EXPECT_EQ(status.st_mode & 0777, 0700U) << made << " under " << umask;
+        }
+        QDir(path("a")).removeRecursively();
+    }
+    write(path("file"), "");
+    EXPECT_EQ(makeOwnFolder(path("file/folder")), ENOTDIR);
+}
+
+TEST(UserFolders, AreThoseOfTheVariablesWhereTheyAreWhole) {
+    const QByteArray home = qgetenv("HOME");
+    const auto chosen = [](const char* data, const char* ofHome) {
+        const auto set = [](const char* variable, const char* value) {
+            value ? qputenv(variable, value) : qunsetenv(variable);
+        };
+        set("XDG_DATA_HOME", data);
+        set("HOME", ofHome);
+        return userFolder("XDG_DATA_HOME", QStringLiteral("share"));
+    };
+    EXPECT_EQ(chosen("/data", nullptr), QStringLiteral("/data"));
+    for (const char* none : {"", "data", static_cast<const char*>(nullptr)}) {
+        EXPECT_EQ(chosen(none, "/home/a"), QStringLiteral("/home/a/share"));
+        EXPECT_EQ(chosen(none, none), std::nullopt);
+    }
+    qunsetenv("XDG_DATA_HOME");
+    qputenv("HOME", home);
 }
 
 } // namespace

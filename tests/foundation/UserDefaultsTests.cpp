@@ -131,7 +131,9 @@ TEST_F(UserDefaultsTest, AreReadThroughALinkAndWrittenInItsPlace) {
               QStringList("Lantern.ini"));
 }
 
-TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndAFolderThatGoes) {
+TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndFoldersThatGo) {
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/nowhere");
     UserDefaults defaults(m_path);
     const QString key = QStringLiteral("DefaultDate");
     defaults.setText(key, QStringLiteral("old"));
@@ -161,4 +163,5 @@ TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndAFolderThatGoes) {
     defaults.synchronize();
     EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=newer\n");
     EXPECT_EQ(warnings(), 0);
+    temporary.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", temporary);
 }
