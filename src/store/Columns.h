@@ -36,6 +36,10 @@ public:
     void read(Row row, Statement& statement, int column);
     void bind(Row row, Statement& statement, int parameter) const;
 
+    /** Texts are equal where their numbers are. */
+    std::uint32_t number(Row row) const { return m_values[row]; }
+    /** The number of a text; that of an absent value where no row has had the text. */
+    std::uint32_t knownNumber(const QString& text) const;
     /** The rows that have this text, in row order. */
     const std::vector<Row>& rows(const QString& text) const;
     /** The distinct texts of these rows, in the order in which they come. */
@@ -55,8 +59,6 @@ private:
     };
 
     std::uint32_t numberOf(QByteArrayView text);
-    /** Absent where no row has had the text. */
-    std::uint32_t knownNumber(const QString& text) const;
     std::size_t slotOf(QByteArrayView text, std::uint32_t hash) const;
     void addSlots();
     bool setNumber(Row row, std::uint32_t number);

@@ -71,6 +71,8 @@ int EntityTable::readRows(bool withValues, std::vector<bool>& isFound) {
         if (withValues && !state.isUpdated && !state.isDeleted) {
             for (std::size_t i = 0; i < m_columns.size(); ++i)
                 std::visit([&](auto& column) { column.read(row, select, int(i)); }, m_columns[i]);
+            for (auto& [attributes, combinations] : m_combinations)
+                combinations.noteChange(row);
         }
     }
     select.reset();
@@ -80,24 +82,13 @@ int EntityTable::readRows(bool withValues, std::vector<bool>& isFound) {
 
 std::vector<Row> EntityTable::rows(const std::vector<AttributeOrder>& order,
                                    const std::vector<AttributeEquals>& tests) const {
-    const std::vector<Row>* candidates = nullptr;
-    for (const auto& test : tests) {
-        if (const auto* names = std::get_if<NameColumn>(&m_columns[test.attribute])) {
-            const auto& rows = names->rows(std::get<QString>(test.value));
-            if (rows.empty())
-                return {};
-            if (candidates == nullptr || rows.size() < candidates->size())
-                candidates = &rows;
-        }
+    auto candidates = rowsOfNames(tests);
+    if (!candidates) {
+        candidates.emplace(rowCount());
+        std::iota(candidates->begin(), candidates->end(), Row(0));
     }
-    std::vector<Row> result;
-    if (candidates != nullptr) {
-        result = *candidates;
-    } else {
-        result.resize(rowCount());
-        std::iota(result.begin(), result.end(), Row(0));
-        std::erase_if(result, [this](Row row) { return isDeleted(row); });
-    }
+    std::vector<Row> result = std::move(*candidates);
+    std::erase_if(result, [this](Row row) { return isDeleted(row); });
     for (const auto& test : tests) {
         const auto passes =
             std::visit([&](const auto& column) { return column.equalTo(test.value); },
@@ -109,6 +100,32 @@ std::vector<Row> EntityTable::rows(const std::vector<AttributeOrder>& order,
                    m_columns[key.attribute]);
     }
     return result;
+}
+
+std::optional<std::vector<Row>>
+EntityTable::rowsOfNames(const std::vector<AttributeEquals>& tests) const {
+    std::vector<std::size_t> attributes;
+    std::vector<const NameColumn*> columns;
+    std::vector<QString> texts;
+    const std::vector<Row>* fewest = nullptr;
+    for (const auto& test : tests) {
+        const auto* names = std::get_if<NameColumn>(&m_columns[test.attribute]);
+        if (names == nullptr)
+            continue;
+        attributes.push_back(test.attribute);
+        columns.push_back(names);
+        texts.push_back(std::get<QString>(test.value));
+        const auto& rows = names->rows(texts.back());
+        if (fewest == nullptr || rows.size() < fewest->size())
+            fewest = &rows;
+    }
+    if (fewest == nullptr)
+        return std::nullopt;
+    constexpr std::size_t few = 16;
+    if (columns.size() < 2 || fewest->size() <= few)
+        return *fewest;
+    auto& combinations = m_combinations.try_emplace(attributes, columns).first->second;
+    return combinations.rows(texts, rowCount());
 }
 
 std::size_t EntityTable::count(const std::vector<AttributeEquals>& tests) const {
@@ -161,8 +178,11 @@ std::optional<Date> EntityTable::date(Row row, std::size_t attribute) {
 
 template <class Kind, class Value>
 void EntityTable::set(Row row, std::size_t attribute, const Value& value) {
-    if (std::get<Kind>(m_columns[attribute]).set(row, value))
-        markUpdated(row);
+    if (!std::get<Kind>(m_columns[attribute]).set(row, value))
+        return;
+    markUpdated(row);
+    for (auto& [attributes, combinations] : m_combinations)
+        combinations.noteChange(row);
 }
 
 void EntityTable::setText(Row row, std::size_t attribute, const std::optional<QString>& text) {

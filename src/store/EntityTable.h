@@ -5,12 +5,14 @@
 #include "store/Connection.h"
 #include "store/FetchRequest.h"
 #include "store/ManagedObject.h"
+#include "store/NameCombinations.h"
 #include "store/StoreError.h"
 
 #include <QString>
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -78,6 +80,9 @@ private:
     /** Reads all rows of the file, and marks those found that were known before; SQLITE_DONE or an
      * error code. */
     int readRows(bool withValues, std::vector<bool>& isFound);
+    /** The rows that the tests of names leave, and perhaps some more; nothing when there are no
+     * such tests. */
+    std::optional<std::vector<Row>> rowsOfNames(const std::vector<AttributeEquals>& tests) const;
     Row append(std::int64_t id);
     void needValues();
     void markUpdated(Row row);
@@ -92,6 +97,8 @@ private:
     Contents m_contents = Contents::Nothing;
     std::uint64_t m_seenChanges = 0;
     std::vector<Column> m_columns;
+    // By the attributes that a fetch has tested together.
+    mutable std::map<std::vector<std::size_t>, NameCombinations> m_combinations;
     std::vector<std::int64_t> m_ids;
     std::vector<State> m_states;
     std::vector<Row> m_changed; // since the last save; the first of them are noted for writing
