@@ -22,9 +22,6 @@ TableListView {
             LabelView {
                 Layout.fillWidth: true
                 control: row.labelAt(0)
-                elide: Text.ElideRight
-                maximumLineCount: 1
-                wrapMode: Text.NoWrap
             }
 
             LabelView {

@@ -18,6 +18,7 @@ SearchController::SearchController(QObject* parent, const QString& accessibility
     connect(&m_searchBar, &SearchBar::textChanged, this, [this] {
         if (searchResultsUpdater)
             searchResultsUpdater(*this);
+        Q_EMIT resultsUpdated();
     });
 }
 

@@ -58,6 +58,8 @@ public:
 
 Q_SIGNALS:
     void activeChanged();
+    /** The results are those of another search text. */
+    void resultsUpdated();
 
 private:
     SearchBar m_searchBar;

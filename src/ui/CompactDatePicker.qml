@@ -19,8 +19,7 @@ FocusScope {
         target: Editing
 
         function onTurned(steps: int) {
-            if (!root.unfolded)
-                calendar.go(steps);
+            calendar.go(root.unfolded ? 7 * steps : steps);
         }
     }
 

@@ -22,7 +22,11 @@ FocusScope {
 
     // What has not been edited stays as it is, and so does the cursor's place.
     function followControl(): void {
-        if (RawText.of(area.textDocument) !== shown(control.text))
+        if (RawText.of(area.textDocument) === shown(control.text))
+            return;
+        if (area.canUndo || area.canRedo)
+            RawText.replace(area.textDocument, control.text);
+        else
             area.text = control.text;
     }
 

@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Lantern
 
-/** A row of the labels of its cell, one below the other, each cut off where it is too long. */
+/** A row of the labels of its cell, one below the other. Where the row has a height of its own, each
+ * is cut off where it is too long. */
 TableRow {
     id: root
 
@@ -27,12 +28,12 @@ TableRow {
                     required property int index
 
                     width: parent?.width ?? 0
-                    visible: text !== ""
+                    // A blank first line keeps its place.
+                    visible: index === 0 || text !== ""
                     control: root.labelAt(index)
                     color: index === 0 ? Theme.ink : Theme.faintInk
-                    elide: Text.ElideRight
-                    maximumLineCount: 1
-                    wrapMode: Text.NoWrap
+                    elide: root.fixedHeight < 0 ? Text.ElideNone : Text.ElideRight
+                    wrapMode: root.fixedHeight < 0 ? Text.Wrap : Text.NoWrap
                 }
             }
         }

@@ -56,14 +56,6 @@ FocusScope {
         }
     }
 
-    Connections {
-        target: Editing
-
-        function onTurned(steps: int) {
-            root.go(7 * steps);
-        }
-    }
-
     ColumnLayout {
         id: layout
 

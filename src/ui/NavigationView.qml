@@ -43,11 +43,13 @@ FocusScope {
 
         function onPushed(screen: ViewController): void {
             root.push(screen, T.StackView.PushTransition);
+            arriving.restart();
         }
 
         function onPopped(screen: ViewController): void {
             stack.pop(stack.find(item => item.controller === screen), T.StackView.PopTransition);
             root.takeFocus();
+            arriving.restart();
         }
     }
 
@@ -99,6 +101,20 @@ FocusScope {
         interval: 0
         onTriggered: if (!stack.busy)
             root.controller.finishTransition()
+    }
+
+    // The second press of a double click would hit what has come under it: a screen takes none
+    // before it stands, however quickly it came.
+    MouseArea {
+        anchors.fill: parent
+        z: 2
+        enabled: stack.busy || arriving.running
+    }
+
+    Timer {
+        id: arriving
+
+        interval: 260
     }
 
     EdgeSwipe {

@@ -56,6 +56,15 @@ FocusScope {
         }
     }
 
+    Connections {
+        target: root.table.searchController
+
+        function onResultsUpdated() {
+            list.currentIndex = -1;
+            list.positionViewAtBeginning();
+        }
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.paper
@@ -141,8 +150,11 @@ FocusScope {
             root.table.selectRow(currentIndex)
         Keys.onSpacePressed: if (currentIndex >= 0)
             root.table.selectRow(currentIndex)
-        Keys.onDeletePressed: if (currentIndex >= 0)
-            root.performAction(currentIndex, 0)
+        Keys.onDeletePressed: event => {
+            // A key that is held down would delete row after row.
+            if (currentIndex >= 0 && !event.isAutoRepeat)
+                root.performAction(currentIndex, 0);
+        }
         Keys.onPressed: event => {
             const rows = {
                 [Qt.Key_PageUp]: currentIndex - page,

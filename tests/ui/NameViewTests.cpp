@@ -81,22 +81,19 @@ TEST_F(NameViews, TabsHaveStacksOfTheirOwnAndOneWayOut) {
     EXPECT_FALSE(program.navigation().isNavigationBarHidden());
 }
 
-TEST_F(NameViews, APairOfQuickTapsOpensOneScreen) {
+TEST_F(NameViews, APairOfQuickTapsOpensOneScreenAndPressesNothingInIt) {
     addQuote(QStringLiteral("Ann"), QStringLiteral("Hope"), QStringLiteral("one"));
     addQuote(QStringLiteral("Bob"), QStringLiteral("Hope"), QStringLiteral("two"));
-    for (const char* name : {"Book", "Poem"})
-        context().insert<Sources>()->setName(QLatin1String(name));
     open("Reference Lists");
     tap("Authors");
     tapBoth("Ann", "Bob");
     EXPECT_EQ(top<AuthorBreakdownTableViewController>().quotes.QuoteList.size(), 1U);
     EXPECT_EQ(program.application().services.selection.selectedAuthor, "Ann");
-    goBack(2);
-    tap("Sources");
-    tap("Names");
-    tapBoth("Book", "Poem");
-    EXPECT_EQ(top<EditSourceViewController>().SourceTextField->text(), "Book");
-    EXPECT_EQ(program.application().services.selection.chosenSourceName, "Book");
+    goBack(3);
+    open("Quote List");
+    pilot->doubleClick(QStringLiteral("Add")); // under which "Save" comes in
+    EXPECT_EQ(top<AddViewController>().presentedViewController(), nullptr);
+    EXPECT_EQ(program.navigation().presentedViewController(), nullptr);
 }
 
 TEST_F(NameViews, PrintingWorksAfterAQuoteWasRead) {
@@ -213,6 +210,31 @@ TEST_F(NameViews, AQuoteByTopicIsReachedAndLeftByDragging) {
     pilot->drag(QPoint(3, 400), {300, 0}); // in from the left edge
     EXPECT_EQ(top<NewViewTableViewController>().unfilteredEvent.size(), 60U);
     EXPECT_NEAR(pilot->find(QStringLiteral("Rows")).property("contentY").toDouble(), place, 1);
+}
+
+TEST_F(NameViews, RowsFitTheirTextAndBlankLinesKeepTheirPlace) {
+    for (int i = 0; i < 2; ++i)
+        addQuote(QStringLiteral("Ann"), QStringLiteral("T"), QStringLiteral("text"));
+    context().fetch(Event::fetchRequest()).records.back()->setSource(std::nullopt); // blank
+    open("Quotes by Topic");
+    const double height = pilot->findAll(QStringLiteral("Source")).at(0)->height();
+    EXPECT_NEAR(pilot->find(QStringLiteral("Rows")).property("contentHeight").toDouble(),
+                2 * height, 1);
+    goBack();
+    const QString start = QStringLiteral("A name that begins as another one does ").repeated(3);
+    for (const char* end : {"one", "two"})
+        addQuote(start + QLatin1String(end), QStringLiteral("T"), QStringLiteral("text"));
+    open("Reference Lists");
+    tap("Authors");
+    const auto expectWhole = [&] {
+        const auto names = pilot->findAll(start);
+        ASSERT_EQ(names.size(), 2);
+        for (const QQuickItem* name : names)
+            EXPECT_GT(name->height(), 60) << qPrintable(name->objectName());
+    };
+    expectWhole();
+    tap("Names");
+    expectWhole();
 }
 
 TEST_F(NameViews, AListKeepsItsPlaceWhileANameIsLookedAt) {

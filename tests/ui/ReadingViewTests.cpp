@@ -40,7 +40,7 @@ protected:
 };
 
 TEST_F(ReadingViews, ButtonsAndStepperChangeTheReadingSize) {
-    openDetail();
+    const auto& detail = openDetail();
     const auto size = [&] {
         return pilot->find(QStringLiteral("Quote")).property("font").value<QFont>().pixelSize();
     };
@@ -60,6 +60,15 @@ TEST_F(ReadingViews, ButtonsAndStepperChangeTheReadingSize) {
     pilot->tap(QStringLiteral("Font size in points"));
     pilot->type(QStringLiteral("9"));
     EXPECT_EQ(shown("Font size in points"), "16.0");
+
+    pilot->tap(QStringLiteral("Quote")); // its text is shown anew at each size, which can be undone
+    pilot->press(Qt::Key_End, Qt::ControlModifier);
+    pilot->type(QStringLiteral("!"));
+    pilot->tap(QStringLiteral("Increase font size"));
+    EXPECT_EQ(detail.QuoteTextView->text(), "First light");
+    pilot->tap(QStringLiteral("Quote"));
+    pilot->press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(detail.QuoteTextView->text(), "First light!");
 }
 
 TEST_F(ReadingViews, DetailIsEditedByTouchAndSaved) {

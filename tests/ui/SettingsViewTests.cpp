@@ -42,20 +42,28 @@ TEST_F(SettingsView, DefaultDateIsPickedInEachStyle) {
     pilot->tap(QStringLiteral("Date"));
     pilot->drag(pilot->find(QStringLiteral("Day")), {0, -43});
     EXPECT_EQ(stored("DefaultDate"), "Mar 2, 2021");
+    pilot->tap(QStringLiteral("Date")); // from the field, keys turn each style in its way
+    pilot->press(Qt::Key_Down);
+    EXPECT_EQ(stored("DefaultDate"), "Mar 3, 2021");
     pilot->tap(QStringLiteral("Done"));
 
     pilot->tap(QStringLiteral("Inline"));
     pilot->tap(QStringLiteral("Date"));
     pilot->tap(QStringLiteral("15 March"));
     EXPECT_EQ(stored("DefaultDate"), "Mar 15, 2021");
+    pilot->tap(QStringLiteral("Date"));
+    pilot->press(Qt::Key_Up);
+    EXPECT_EQ(stored("DefaultDate"), "Mar 8, 2021");
     pilot->press(Qt::Key_Escape);
 
     pilot->tap(QStringLiteral("Compact"));
     pilot->tap(QStringLiteral("Date"));
+    pilot->press(Qt::Key_Down);
+    EXPECT_EQ(stored("DefaultDate"), "Mar 9, 2021");
     pilot->tabTo(QStringLiteral("Date picker"));
     pilot->press(Qt::Key_Space);
     pilot->press(Qt::Key_Up);
-    EXPECT_EQ(stored("DefaultDate"), "Mar 8, 2021");
+    EXPECT_EQ(stored("DefaultDate"), "Mar 2, 2021");
     pilot->tap(QStringLiteral("Today"));
     EXPECT_EQ(stored("DefaultDate"), "Mar 1, 2021");
     EXPECT_EQ(top<DefaultsViewController>().dateTextField->text(), "Mar 1, 2021");

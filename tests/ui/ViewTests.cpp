@@ -176,13 +176,14 @@ TEST_F(Views, QuoteListDeletesByMenu) {
 TEST_F(Views, QuoteListDeletesByKey) {
     addQuote(QStringLiteral("Ann"), QStringLiteral("a"), {});
     addQuote(QStringLiteral("Ann"), QStringLiteral("b"), {});
+    addQuote(QStringLiteral("Ann"), QStringLiteral("c"), {});
     open("Quote List");
     pilot->tabTo(QStringLiteral("Rows"));
     pilot->press(Qt::Key_Down);
     pilot->press(Qt::Key_Down);
-    pilot->press(Qt::Key_Delete);
-    EXPECT_EQ(quoteCount(), 1);
-    EXPECT_EQ(rows(), QStringList("Topic: a"));
+    pilot->hold(Qt::Key_Delete);
+    EXPECT_EQ(quoteCount(), 2);
+    EXPECT_EQ(rows(), QStringList({"Topic: a", "Topic: c"}));
 }
 
 TEST_F(Views, QuoteListKeepsItsPlaceWhenRowsGoAndSortsChange) {
@@ -205,6 +206,10 @@ TEST_F(Views, QuoteListKeepsItsPlaceWhenRowsGoAndSortsChange) {
     EXPECT_EQ(top().title(), "Quote");
     pilot->tap(QStringLiteral("Back"));
     EXPECT_NEAR(list.property("contentY").toDouble(), place, 1);
+    pilot->tap(QStringLiteral("Search quotes")); // which shows the first it finds
+    pilot->type(QStringLiteral("1"));
+    EXPECT_EQ(rows().value(0), "Topic: 291");
+    EXPECT_GE(pilot->findAll(QStringLiteral("Topic: 291")).at(0)->mapToScene({0, 0}).y(), 100);
 }
 
 TEST_F(Views, AddQuoteTakesTypedAndPickedValues) {

@@ -100,6 +100,13 @@ void Pilot::tap(const QQuickItem& item, Qt::MouseButton button) {
     settle();
 }
 
+void Pilot::doubleClick(const QString& name) {
+    const QPoint place = middle(find(name));
+    QTest::mouseClick(&m_window, Qt::LeftButton, {}, place);
+    QTest::mouseClick(&m_window, Qt::LeftButton, {}, place, /*delay*/ 120);
+    settle();
+}
+
 void Pilot::drag(const QQuickItem& item, QPoint by) {
     drag(middle(item), by);
 }
@@ -123,6 +130,16 @@ void Pilot::type(const QString& text) {
 
 void Pilot::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(&m_window, key, modifiers);
+    settle();
+}
+
+void Pilot::hold(Qt::Key key) {
+    constexpr int repeats = 5;
+    for (int i = 0; i <= repeats; ++i) {
+        QKeyEvent event(QEvent::KeyPress, key, {}, {}, /*autorep*/ i > 0);
+        QCoreApplication::sendEvent(&m_window, &event);
+    }
+    QTest::keyRelease(&m_window, key);
     settle();
 }
 

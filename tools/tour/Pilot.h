@@ -28,6 +28,7 @@ public:
 
     void tap(const QString& name);
     void tap(const QQuickItem& item, Qt::MouseButton button = Qt::LeftButton);
+    void doubleClick(const QString& name);
     /** Scrolls the page that holds an item until the window shows it. */
     void scrollTo(const QQuickItem& item) const;
     /** Drags over an item from its middle, by so many points. */
@@ -36,6 +37,8 @@ public:
     void drag(QPoint from, QPoint by);
     void type(const QString& text);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    /** Presses a key until it has repeated some times. */
+    void hold(Qt::Key key);
     /** Presses Tab until a control has the keyboard. */
     void tabTo(const QString& name) { tabTo(name, Qt::Key_Tab); }
     /** The same with Shift+Tab. */
