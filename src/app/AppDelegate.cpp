@@ -1,6 +1,19 @@
 #include "AppDelegate.h"
 
+#include "foundation/Date.h"
 #include "foundation/FatalError.h"
+
+#include <QDate>
+
+namespace {
+
+/** A store that is no longer there takes no later save either, whatever the screen makes of it. */
+void endIfLost(const std::optional<StoreError>& error) {
+    if (error && error->cause == StoreError::Cause::Loss && !isEnding())
+        fatalError(error->unresolved());
+}
+
+} // namespace
 
 AppDelegate::AppDelegate(const Services& theServices)
     : services(theServices) {}
@@ -11,6 +24,8 @@ PersistentContainer& AppDelegate::persistentContainer() {
         if (const auto error = container->loadPersistentStores())
             fatalError(error->unresolved());
         m_persistentContainer = std::move(container);
+        m_persistentContainer->viewContext().observeWriting(
+            [](const std::optional<StoreError>& error) { endIfLost(error); });
     }
     return *m_persistentContainer;
 }
@@ -33,10 +48,17 @@ bool AppDelegate::didFinishLaunchingWithOptions() {
 
 void AppDelegate::applicationWillTerminate() {
     saveContext();
+    if (m_persistentContainer)
+        endIfLost(m_persistentContainer->findLoss());
 }
 
 std::unique_ptr<PersistentContainer> makePersistentContainer(const Services& services) {
-    return std::make_unique<PersistentContainer>(QStringLiteral("Lantern"), services.storeFolder);
+    const auto today = [&environment = services.environment] {
+        const auto [year, month, day, time] = wallTime(environment.now(), environment);
+        return QDate(year, month, day).toString(Qt::ISODate);
+    };
+    return std::make_unique<PersistentContainer>(QStringLiteral("Lantern"), services.storeFolder,
+                                                 today);
 }
 
 void installTextViewFix(ClassRuntime& classes, const SystemVersion& version) {

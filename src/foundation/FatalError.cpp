@@ -61,6 +61,10 @@ void fatalError(const QString& message, std::source_location place) {
     std::_Exit(EXIT_FAILURE);
 }
 
+bool isEnding() {
+    return ending;
+}
+
 FatalErrorHandler setFatalErrorHandler(FatalErrorHandler next) {
     return std::exchange(handler(), std::move(next));
 }

@@ -23,6 +23,9 @@ struct FatalError {
 [[noreturn]] void fatalError(const QString& message,
                              std::source_location place = std::source_location::current());
 
+/** Whether a fatal error is on its way. */
+bool isEnding();
+
 using FatalErrorHandler = std::function<void(const FatalError&)>;
 
 /** Sets what shows the error to the user (a null handler: standard error alone). A handler may

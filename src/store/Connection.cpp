@@ -2,6 +2,7 @@
 
 #include "foundation/Files.h"
 
+#include <QDate>
 #include <QFile>
 
 #include <cerrno>
@@ -21,7 +22,7 @@ constexpr auto openElsewhere = "another process has it open";
 StoreError failure(const QString& path, const QString& verb, const QString& reason,
                    const QString& detail) {
     return {QStringLiteral("The store \"%1\" could not be %2: %3").arg(path, verb, reason),
-            QStringLiteral("{path = %1%2}").arg(path, detail)};
+            QStringLiteral("{path = %1%2}").arg(path, detail), reason};
 }
 
 StoreError systemFailure(const QString& path, int code) {
@@ -110,6 +111,15 @@ std::optional<std::int64_t> Statement::integer(int column) {
     return sqlite3_column_int64(m_statement.get(), column);
 }
 
+StoreConnection::StoreConnection(const QString& folder, const QString& name)
+    : m_path(QStringLiteral("%1/%2.sqlite").arg(folder, name))
+    , m_backups(folder, name) {}
+
+StoreConnection::~StoreConnection() {
+    if (m_mark)
+        findLoss();
+}
+
 std::variant<std::shared_ptr<StoreConnection>, StoreError>
 StoreConnection::open(const QString& folder, const QString& name) {
     const QString path = QStringLiteral("%1/%2.sqlite").arg(folder, name);
@@ -124,7 +134,7 @@ StoreConnection::open(const QString& folder, const QString& name) {
     if (auto connection = shared.lock())
         return connection;
 
-    const std::shared_ptr<StoreConnection> connection(new StoreConnection(path));
+    const std::shared_ptr<StoreConnection> connection(new StoreConnection(folder, name));
     if (!S_ISREG(status.st_mode))
         return connection->unfit(QStringLiteral("it is no file"));
     if (::access(QFile::encodeName(path).constData(), R_OK | W_OK) != 0)
@@ -134,6 +144,7 @@ StoreConnection::open(const QString& folder, const QString& name) {
                                    : systemFailure(path, code);
     if (const auto error = connection->openDatabase())
         return *error;
+    connection->noteFiles();
     shared = connection;
     return connection;
 }
@@ -199,7 +210,7 @@ std::optional<StoreError> StoreConnection::findDamage() {
     const auto finding = check->text(0).value_or(QByteArrayView());
     if (finding == QByteArrayView("ok"))
         return std::nullopt;
-    return unfit(QStringLiteral("it is damaged (%1)").arg(QString::fromUtf8(finding)));
+    return damaged(QString::fromUtf8(finding));
 }
 
 // SQLite takes a header with neither mark for one without a log, and starting the log would write
@@ -218,12 +229,14 @@ std::optional<StoreError> StoreConnection::findLostMark() {
                        QStringLiteral(", sqlite = %1").arg(code));
     if (marks == noLog)
         return std::nullopt;
-    return unfit(QStringLiteral("it is damaged (its header has lost the mark of its log)"));
+    return damaged(QStringLiteral("its header has lost the mark of its log"));
 }
 
 bool StoreConnection::keepsLog(const QByteArray& pragma) {
     auto mode = Statement::prepare(m_database.get(), pragma);
-    return mode && mode->step() == SQLITE_ROW && mode->text(0) == QByteArrayView("wal");
+    // The change of the header is on disk, or has failed, with the last step.
+    return mode && mode->step() == SQLITE_ROW && mode->text(0) == QByteArrayView("wal") &&
+           mode->step() == SQLITE_DONE;
 }
 
 std::optional<StoreError> StoreConnection::migrate(std::size_t version) {
@@ -275,18 +288,72 @@ std::optional<StoreError> StoreConnection::prepareStatements() {
 }
 
 std::optional<StoreError> StoreConnection::transaction(const std::function<int()>& work) {
+    if (auto loss = findLoss())
+        return loss;
+    backUp();
     if (execute("BEGIN IMMEDIATE") == SQLITE_OK && work() == SQLITE_DONE &&
-        execute("COMMIT") == SQLITE_OK)
+        execute("COMMIT") == SQLITE_OK) {
+        noteFiles();
         return std::nullopt;
+    }
     const auto failed = error(QStringLiteral("saved"));
     if (sqlite3_get_autocommit(m_database.get()) == 0)
         execute("ROLLBACK");
+    noteFiles();
     return failed;
 }
 
+void StoreConnection::backUp() {
+    constexpr auto holdsAnything = "SELECT EXISTS(SELECT 1 FROM event) OR EXISTS(SELECT 1 FROM "
+                                   "authors) OR EXISTS(SELECT 1 FROM sources) OR EXISTS(SELECT 1 "
+                                   "FROM topics)";
+    if (m_today && number(holdsAnything).value_or(0) != 0)
+        m_backups.copyOnce(m_database.get(), m_today());
+}
+
+void StoreConnection::noteFiles() {
+    m_mark = markOf(m_path);
+    m_logMark = markOf(log());
+}
+
+std::optional<StoreError> StoreConnection::findLoss() {
+    if (m_loss)
+        return m_loss;
+    const auto mark = markOf(m_path);
+    if (mark == m_mark)
+        return std::nullopt;
+    // From now on nothing is written to the file at the path, nor carried over when this closes.
+    sqlite3_db_config(m_database.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    QString reason = QStringLiteral("another program has moved, replaced or deleted it");
+    // A file that was written over is no longer there to be copied.
+    if (!mark || !mark->isSameFile(*m_mark)) {
+        const QString day = QDate::currentDate().toString(Qt::ISODate);
+        if (const auto copy = m_backups.copyOfLost(m_database.get(), m_today ? m_today() : day))
+            reason += QStringLiteral("; what it held is in \"%1\"").arg(*copy);
+    }
+    // The log belongs to what was there, and would be taken for one of what is there now.
+    if (const auto logMark = markOf(log()); logMark && m_logMark && logMark->isSameFile(*m_logMark))
+        QFile::remove(log());
+    m_loss = failure(m_path, QStringLiteral("saved"), reason, QString());
+    m_loss->cause = StoreError::Cause::Loss;
+    return m_loss;
+}
+
 StoreError StoreConnection::error(const QString& verb) const {
-    return failure(m_path, verb, QString::fromUtf8(sqlite3_errmsg(m_database.get())),
-                   QStringLiteral(", sqlite = %1").arg(sqlite3_errcode(m_database.get())));
+    const int code = sqlite3_errcode(m_database.get());
+    auto result = failure(m_path, verb, QString::fromUtf8(sqlite3_errmsg(m_database.get())),
+                          QStringLiteral(", sqlite = %1").arg(code));
+    if ((code & 0xff) == SQLITE_CORRUPT || code == SQLITE_NOTADB)
+        result.cause = StoreError::Cause::Damage;
+    else if ((code & 0xff) == SQLITE_FULL)
+        result.cause = StoreError::Cause::Space;
+    return result;
+}
+
+StoreError StoreConnection::damaged(const QString& finding) const {
+    auto result = unfit(QStringLiteral("it is damaged (%1)").arg(finding));
+    result.cause = StoreError::Cause::Damage;
+    return result;
 }
 
 StoreError StoreConnection::unfit(const QString& reason) const {

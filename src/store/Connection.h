@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Backups.h"
+#include "store/FileMark.h"
 #include "store/Schema.h"
 #include "store/StoreError.h"
 
@@ -82,6 +84,17 @@ public:
     /** Opens the store, or joins the connection that has it open. */
     static std::variant<std::shared_ptr<StoreConnection>, StoreError> open(const QString& folder,
                                                                            const QString& name);
+    ~StoreConnection();
+    StoreConnection(const StoreConnection&) = delete;
+    StoreConnection& operator=(const StoreConnection&) = delete;
+
+    /** From now on, has the store copied before the first change of each day, such as
+     * "2021-03-01". */
+    void keepBackups(std::function<QString()> today) { m_today = std::move(today); }
+
+    /** Whether another program has taken the file away or written to it. From then on nothing is
+     * written; what the file held is copied, and the log does not stay beside what is there now. */
+    std::optional<StoreError> findLoss();
 
     EntityStatements& statements(std::size_t entity) { return m_statements[entity]; }
 
@@ -106,10 +119,12 @@ private:
         void operator()(sqlite3* database) const { sqlite3_close(database); }
     };
 
-    explicit StoreConnection(const QString& path)
-        : m_path(path) {}
+    StoreConnection(const QString& folder, const QString& name);
 
     std::optional<StoreError> openDatabase();
+    void backUp();
+    void noteFiles();
+    QString log() const { return m_path + QStringLiteral("-wal"); }
     std::optional<StoreError> findDamage();
     std::optional<StoreError> findLostMark();
     std::optional<StoreError> migrate(std::size_t version);
@@ -119,11 +134,17 @@ private:
     /** The first value of a query's first row; nothing after an error. */
     std::optional<std::int64_t> number(const QByteArray& sql);
     int execute(const char* sql);
+    StoreError damaged(const QString& finding) const;
     StoreError unfit(const QString& reason) const;
 
     QString m_path;
     ProcessLock m_lock;                         // given up after the database is closed
     std::unique_ptr<sqlite3, Close> m_database; // closed after its statements
+    Backups m_backups;
+    std::function<QString()> m_today;
+    std::optional<FileMark> m_mark; // of the file and its log, as this connection left them
+    std::optional<FileMark> m_logMark;
+    std::optional<StoreError> m_loss;
     std::array<EntityStatements, entityCount> m_statements;
     std::array<std::int64_t, entityCount> m_lastIds{};
     std::array<std::uint64_t, entityCount> m_changeCounts{};

@@ -89,6 +89,8 @@ std::optional<StoreError> ManagedObjectContext::writeWhatWasSaved() {
             }
             return code;
         });
+        if (m_writingObserver)
+            m_writingObserver(error);
         if (error)
             return error;
     }

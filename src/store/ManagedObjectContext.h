@@ -70,6 +70,11 @@ public:
     using Observation = std::shared_ptr<const std::function<void()>>;
     [[nodiscard]] Observation observeChanges(std::function<void()> observer);
 
+    /** Has `observer` told of each try to write: why it failed, or nothing. */
+    void observeWriting(std::function<void(const std::optional<StoreError>&)> observer) {
+        m_writingObserver = std::move(observer);
+    }
+
     /**
      * Writes all changes in one transaction; they are on disk when this returns, unless a
      * SaveGroup is open. After an error all of them are still pending.
@@ -114,6 +119,7 @@ private:
     std::array<std::unique_ptr<EntityTable>, 4> m_tables;
     AllObjects m_objects;
     std::vector<std::weak_ptr<const std::function<void()>>> m_observers;
+    std::function<void(const std::optional<StoreError>&)> m_writingObserver;
     int m_openGroups = 0;
 };
 

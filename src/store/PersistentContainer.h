@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -14,7 +15,8 @@
  */
 class PersistentContainer {
 public:
-    PersistentContainer(QString name, QString folder);
+    /** Where it is told which day it is, such as "2021-03-01", it keeps backups. */
+    PersistentContainer(QString name, QString folder, std::function<QString()> today = {});
 
     /**
      * Opens the store, or makes it, readable by its owner alone. A file that is no store of this
@@ -22,11 +24,15 @@ public:
      */
     [[nodiscard]] std::optional<StoreError> loadPersistentStores();
 
+    /** Whether another program has taken the store away, or written to it. */
+    [[nodiscard]] std::optional<StoreError> findLoss();
+
     ManagedObjectContext& viewContext() { return m_viewContext; }
 
 private:
     QString m_name;
     QString m_folder;
+    std::function<QString()> m_today;
+    std::shared_ptr<StoreConnection> m_connection;
     ManagedObjectContext m_viewContext;
-    bool m_isLoaded = false;
 };

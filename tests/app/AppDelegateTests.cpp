@@ -45,6 +45,26 @@ TEST(AppDelegate, EndsTheProgramWhenTheStoreCannotBeOpened) {
     }
 }
 
+TEST(AppDelegate, EndsTheProgramWhenTheStoreIsTakenAway) {
+    for (const bool isPending : {true, false}) {
+        TestApplication application;
+        application.context().insert<Topics>()->setTopic(QStringLiteral("Hope"));
+        application.delegate.saveContext();
+        QFile::remove(application.folder.filePath(QStringLiteral("store/Lantern.sqlite")));
+        if (isPending)
+            application.context().insert<Topics>();
+        const QString message = fatalMessageOf([&] {
+            if (!isPending)
+                application.delegate.applicationWillTerminate();
+            // As a screen saves that passes over errors.
+            else if (application.context().save())
+                ADD_FAILURE() << "an error was passed over";
+        });
+        EXPECT_TRUE(message.contains(QStringLiteral("moved, replaced or deleted")));
+        EXPECT_TRUE(message.contains(QStringLiteral("backups/Lantern-2021-03-01-lost.sqlite")));
+    }
+}
+
 TEST(TextViewFix, RegistersTheClassOnceOnOldSystemsOnly) {
     const auto name = QStringLiteral("_UITextLayoutView");
     ClassRuntime classes;
