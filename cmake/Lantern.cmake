@@ -2,11 +2,18 @@ option(LANTERN_TESTS "Build the tests" OFF)
 option(LANTERN_BENCH "Build the benchmarks" OFF)
 option(LANTERN_FUZZ "Build the fuzzers for libFuzzer, which needs Clang" OFF)
 option(LANTERN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(LANTERN_MOLD "Link with mold where it is installed" OFF)
 
 add_compile_options(
-    -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor
-    -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor)
 add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+
+if(LANTERN_MOLD)
+    find_program(mold mold)
+    if(mold)
+        add_link_options(-fuse-ld=mold)
+    endif()
+endif()
 
 if(LANTERN_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all

@@ -42,6 +42,30 @@ void prepare(MarkupDocument& document, const QString& markup, QPaintDevice& devi
     cursor.mergeBlockFormat(breakable);
 }
 
+bool leavesPage(const QTextDocument& document, const QTextBlock& block) {
+    const double left = document.documentLayout()->blockBoundingRect(block).left();
+    const QTextLayout& text = *block.layout();
+    for (int i = 0; i < text.lineCount(); ++i) {
+        const QTextLine line = text.lineAt(i);
+        if (left + line.x() + line.naturalTextWidth() > document.pageSize().width() + 1)
+            return true;
+    }
+    return false;
+}
+
+/** After a line whose last letter leans over the edge, Qt breaks no more words of its block. Such a
+ * block gets an edge that its lines end before. */
+void keepOnPage(QTextDocument& document, double point) {
+    constexpr int mostPoints = 2 * fontPoints;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (int points = 1; points <= mostPoints && leavesPage(document, block); ++points) {
+            QTextBlockFormat narrower;
+            narrower.setRightMargin(points * point);
+            QTextCursor(block).mergeBlockFormat(narrower);
+        }
+    }
+}
+
 struct PlacedLine {
     QTextLine line;
     QPointF place; ///< of the line's text block, on the page
@@ -135,6 +159,7 @@ bool printPages(const PrintJob& job, QPagedPaintDevice& device) {
     MarkupDocument document;
     prepare(document, job.markup, device);
     document.setPageSize(body.size());
+    keepOnPage(document, device.logicalDpiX() / pointsPerInch);
     QPainter painter;
     if (!painter.begin(&device))
         return false;

@@ -8,7 +8,7 @@ class ActivityIndicatorView : public View {
     QML_NAMED_ELEMENT(ToolkitActivityIndicatorView)
     QML_UNCREATABLE("Controllers make their controls")
     Q_PROPERTY(bool animating READ isAnimating NOTIFY animatingChanged)
-    Q_PROPERTY(Style style READ style NOTIFY lookChanged)
+    Q_PROPERTY(ActivityIndicatorView::Style style READ style NOTIFY lookChanged)
 
 public:
     enum Style { Grey, Large };

@@ -10,7 +10,7 @@ class DatePicker : public View {
     Q_OBJECT
     QML_NAMED_ELEMENT(ToolkitDatePicker)
     QML_UNCREATABLE("Controllers make their controls")
-    Q_PROPERTY(Style style READ style NOTIFY styleChanged)
+    Q_PROPERTY(DatePicker::Style style READ style NOTIFY styleChanged)
     Q_PROPERTY(int year READ year NOTIFY dateChanged)
     Q_PROPERTY(int month READ month NOTIFY dateChanged)
     Q_PROPERTY(int day READ day NOTIFY dateChanged)

@@ -43,7 +43,8 @@ T.ItemDelegate {
             owner.table.endDisplaying(borrowed);
     }
 
-    x: (owner.width - width) / 2
+    // Anchored, since newer list views write the x of their rows.
+    anchors.horizontalCenter: parent?.horizontalCenter
     width: Math.min(owner.width - 2 * Theme.margin, Theme.readableWidth)
     height: fixedHeight >= 0 ? fixedHeight
                              : Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)

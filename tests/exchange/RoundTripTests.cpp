@@ -63,7 +63,7 @@ QStringList topicsOf(TestApplication& application) {
 /** What remains of a moment of which the digits in UTC are read as local time. */
 Date readAsLocal(Date date, const QString& zone) {
     const QDateTime digits =
-        QDateTime::fromMSecsSinceEpoch(date.time_since_epoch().count(), Qt::UTC);
+        QDateTime::fromMSecsSinceEpoch(date.time_since_epoch().count(), QTimeZone::utc());
     const QDateTime local(digits.date(), digits.time(), QTimeZone(zone.toLatin1()));
     return Date(std::chrono::milliseconds(local.toMSecsSinceEpoch()));
 }

@@ -117,7 +117,7 @@ void Pilot::drag(QPoint from, QPoint by) {
     for (int step = 1; step <= steps; ++step) {
         QTest::mouseMove(&m_window, from + by * step / steps, 16);
     }
-    QTest::qWait(100); // a finger that rests before it lifts does not flick
+    QTest::mouseMove(&m_window, from + by, 100); // a finger that rests does not flick
     QTest::mouseRelease(&m_window, Qt::LeftButton, {}, from + by);
     settle();
 }
