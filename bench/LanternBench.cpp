@@ -82,14 +82,15 @@ class Application {
 public:
     explicit Application(const QString& storeFolder)
         : userDefaults(storeFolder + QStringLiteral("/Lantern.ini"))
-        , delegate(Services{environment, userDefaults, mainQueue, keyboard, platform, classes,
-                            selection, storeFolder, storeFolder}) {}
+        , delegate(Services{environment, userDefaults, mainQueue, keyboard, notes, platform,
+                            classes, selection, storeFolder, storeFolder}) {}
 
     Environment environment{[] { return Date(1'614'600'000'000ms); }, QStringLiteral("en_US"),
                             QStringLiteral("UTC"), SystemVersion{17, 0}};
     UserDefaults userDefaults;
     EventLoopMainQueue mainQueue;
     Keyboard keyboard;
+    Notes notes;
     FakePlatform platform;
     ClassRuntime classes;
     SelectionValues selection;

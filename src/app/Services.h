@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "shared/SelectionValues.h"
 #include "toolkit/Keyboard.h"
+#include "toolkit/Notes.h"
 
 #include <QString>
 
@@ -16,6 +17,7 @@ struct Services {
     UserDefaults& userDefaults;
     MainQueue& mainQueue;
     Keyboard& keyboard;
+    Notes& notes;
     Platform& platform;
     ClassRuntime& classes;
     SelectionValues& selection;

@@ -65,4 +65,6 @@ void AddViewController::leave() {
         performSegue(QStringLiteral("unwindToMainList"), this);
     else if (m_openedBy == QStringLiteral("Menu"))
         performSegue(QStringLiteral("unwindToMainMenu"), this);
+    else
+        m_application.services.notes.say(QStringLiteral("Saved"));
 }

@@ -10,6 +10,8 @@
 #include <QHash>
 #include <QLoggingCategory>
 
+#include <algorithm>
+
 Q_DECLARE_LOGGING_CATEGORY(lcQuotes)
 
 namespace {
@@ -34,6 +36,7 @@ DetailViewController::DetailViewController(AppDelegate& application)
     , FullScreenButton(new Button(this, QStringLiteral("Full Screen")))
     , FontStepper(new Stepper(this, QStringLiteral("Font size"), 8, 96, 1))
     , FontSizeTextField(new TextField(this, QStringLiteral("Font size in points")))
+    , SaveButton(new BarButtonItem(this, QStringLiteral("Save"), [this] { SaveQuote(); }))
     , m_application(application) {
     FontStepper->setValue(14);
     connect(FontStepper, &Stepper::valueChanged, this,
@@ -46,7 +49,8 @@ void DetailViewController::viewDidLoad() {
     const SelectionValues& selection = m_application.services.selection;
     m_openedBy = selection.callingScreen;
     m_key = selectedKey();
-    m_shownQuoteText = selection.selectedQuoteText;
+    m_openedQuoteText = selection.selectedQuoteText;
+    m_shownQuoteText = m_openedQuoteText;
     loadReaderFontSize();
     QuoteTextView->setFont({QString(), ReaderFontSize});
     form.wirePickers();
@@ -77,6 +81,10 @@ void DetailViewController::viewWillAppear() {
     m_shownQuoteText = m_application.services.selection.selectedQuoteText;
     QuoteTextView->setText(m_shownQuoteText);
     fetchNames();
+    // A quote that was reached through this one's lists may have been this one.
+    if (m_hasAppeared && SaveButton->isEnabled() && recordsOfKey().empty())
+        endSaving();
+    m_hasAppeared = true;
 }
 
 void DetailViewController::unwindToQuoteDetailWithSegue(Segue* /*segue*/) {
@@ -117,23 +125,16 @@ void DetailViewController::decreaseFont() {
 void DetailViewController::SaveQuote() {
     if (!form.validate())
         return;
-    ManagedObjectContext& context = m_application.persistentContainer().viewContext();
-    auto request = Event::fetchRequest();
-    request.predicate = Event::Keys::timestamp == *m_key.date &&
-                        Event::Keys::source == m_key.source &&
-                        Event::Keys::category == m_key.topic && Event::Keys::author == m_key.author;
-    auto found = context.fetch(request);
-    if (found.error)
-        qCWarning(lcQuotes) << found.error->description;
-    Results = std::move(found.records);
+    Results = recordsOfKey();
     ResultsCount = qsizetype(Results.size());
     if (Results.empty())
         fatalError(
             QStringLiteral("The quote by \"%1\" is no longer in the store").arg(m_key.author));
     form.write(*Results.front());
-    if (const auto error = context.save())
+    if (const auto error = m_application.persistentContainer().viewContext().save())
         qCWarning(lcQuotes) << error->description;
-    returnToOpener();
+    if (!returnToOpener())
+        endSaving();
 }
 
 void DetailViewController::insertNewObject() {
@@ -226,11 +227,13 @@ void DetailViewController::showAtReaderFontSize() {
         atReaderFontSize(m_application.services.selection.selectedQuoteText));
 }
 
-// The lists that this screen leads to choose other quotes; this one stays what it was.
+// The lists that this screen leads to choose other quotes, and name themselves as the calling
+// screen; this one stays what it was, and so does who opened it.
 void DetailViewController::takeBackSelection() {
+    SelectionValues& selection = m_application.services.selection;
+    selection.callingScreen = m_openedBy;
     if (selectedKey() == m_key)
         return;
-    SelectionValues& selection = m_application.services.selection;
     selection.selectedSource = m_key.source;
     selection.selectedTopic = m_key.topic;
     selection.selectedAuthor = m_key.author;
@@ -243,12 +246,33 @@ void DetailViewController::fetchNames() {
     form.fetchSourcesAndAuthors();
 }
 
-void DetailViewController::returnToOpener() {
+std::vector<Event*> DetailViewController::recordsOfKey() const {
+    auto request = Event::fetchRequest();
+    request.predicate = Event::Keys::timestamp == *m_key.date &&
+                        Event::Keys::source == m_key.source &&
+                        Event::Keys::category == m_key.topic && Event::Keys::author == m_key.author;
+    auto found = m_application.persistentContainer().viewContext().fetch(request);
+    if (found.error)
+        qCWarning(lcQuotes) << found.error->description;
+    std::ranges::stable_partition(found.records, [this](const Event* quote) {
+        return quote->quote().value_or(QString()) == m_openedQuoteText;
+    });
+    return std::move(found.records);
+}
+
+bool DetailViewController::returnToOpener() {
     static const QHash<QString, QString> segues{
         {QStringLiteral("Master"), QStringLiteral("unwindToMenu")},
         {QStringLiteral("TopicBreakdown"), QStringLiteral("unwindToTopicTableView")},
         {QStringLiteral("SourceBreakdown"), QStringLiteral("unwindToSourceTableView")},
         {QStringLiteral("AuthorBreakdown"), QStringLiteral("unwindToAuthorTableView")}};
-    if (segues.contains(m_openedBy))
-        performSegue(segues.value(m_openedBy), this);
+    if (!segues.contains(m_openedBy))
+        return false;
+    performSegue(segues.value(m_openedBy), this);
+    return true;
+}
+
+void DetailViewController::endSaving() {
+    SaveButton->setEnabled(false);
+    m_application.services.notes.say(QStringLiteral("Saved"));
 }

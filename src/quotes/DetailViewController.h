@@ -1,6 +1,7 @@
 #pragma once
 
 #include "quotes/QuoteForm.h"
+#include "toolkit/BarButtonItem.h"
 #include "toolkit/Stepper.h"
 
 #include <vector>
@@ -41,6 +42,7 @@ public:
     Button* const FullScreenButton;
     Stepper* const FontStepper;
     TextField* const FontSizeTextField;
+    BarButtonItem* const SaveButton;
     std::vector<Event*> Results;
     qsizetype ResultsCount = 0;
     double ReaderFontSize = 25;  ///< points
@@ -79,10 +81,17 @@ private:
     void showAtReaderFontSize();
     void takeBackSelection();
     void fetchNames();
-    void returnToOpener();
+    /** The records that have the key; of several, the one that was opened comes first. */
+    std::vector<Event*> recordsOfKey() const;
+    /** Whether there is a way back to the screen that opened this one. */
+    bool returnToOpener();
+    /** The key may have changed under the quote, which must be opened again to be saved again. */
+    void endSaving();
 
     AppDelegate& m_application;
     RecordKey m_key;
+    QString m_openedQuoteText;
     QString m_shownQuoteText;
+    bool m_hasAppeared = false;
     QString m_openedBy;
 };

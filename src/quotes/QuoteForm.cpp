@@ -28,6 +28,10 @@ QuoteForm::QuoteForm(ViewController& screen, AppDelegate& application)
                      [this] { DateEntered(); });
     QObject::connect(datePickerView, &DatePicker::valueChanged, &screen,
                      [this] { m_datePicked = true; });
+    QObject::connect(DateAddedTextField, &TextInput::entered, &screen, [this] { takeTypedDate(); });
+    for (TextField* field :
+         {SourceTextField, CategoryTextField, AuthorTextField, DateAddedTextField})
+        field->shouldReturn = [this, field] { return textFieldShouldReturn(*field); };
 }
 
 void QuoteForm::wirePickers() {
@@ -89,21 +93,35 @@ void QuoteForm::todayClick() {
     m_screen.endEditing();
 }
 
+bool QuoteForm::textFieldShouldReturn(TextField& field) {
+    if (&field == DateAddedTextField) {
+        doneClick();
+        return false;
+    }
+    field.endEditing();
+    return true;
+}
+
 void QuoteForm::adjustForKeyboardWithNotification(double height) {
     QuoteTextView->setBottomInset(height);
     QuoteTextView->scrollSelectionToVisible();
 }
 
 bool QuoteForm::validate() {
+    const auto title = QStringLiteral("Insert New Record Canceled");
     for (const TextField* field :
          {SourceTextField, DateAddedTextField, CategoryTextField, AuthorTextField}) {
         if (field->text().isEmpty()) {
-            presentAlert(m_screen, QStringLiteral("Insert New Record Canceled"),
+            presentAlert(m_screen, title,
                          QStringLiteral("Source, Category, Author or Date Not Entered"));
             return false;
         }
     }
-    return true;
+    if (!m_dateIsRead)
+        presentAlert(m_screen, title,
+                     QStringLiteral("The date cannot be read: \"%1\"")
+                         .arg(DateAddedTextField->text().left(100)));
+    return m_dateIsRead;
 }
 
 void QuoteForm::write(Event& quote) const {
@@ -151,8 +169,23 @@ void QuoteForm::didSelectRow(const PickerView& picker, int row, int component) {
 }
 
 void QuoteForm::showDate(Date date) {
+    m_dateIsRead = true;
     DateAddedTextField->setText(
         formatDate(date, DateStyle::Long, m_application.services.environment));
+}
+
+void QuoteForm::takeTypedDate() {
+    const Environment& environment = m_application.services.environment;
+    const QString text = DateAddedTextField->text();
+    auto date = parseDate(text, DateStyle::Long, environment);
+    if (!date)
+        date = parseDate(text, DateStyle::Medium, environment);
+    m_dateIsRead = date.has_value();
+    if (!date)
+        return;
+    const WallTime day = wallTime(*date, environment);
+    datePickerView->choose(day.year, day.month, day.day);
+    QuoteDate = datePickerView->date();
 }
 
 DatePicker::Style datePickerStyle(const UserDefaults& userDefaults, const SystemVersion& version) {

@@ -37,10 +37,13 @@ public:
     void DateEntered();
     void doneClick();
     void todayClick();
+    /** Return: does in the date what "Done" does, and ends the editing of the names. */
+    bool textFieldShouldReturn(TextField& field);
     /** Keeps the quote's text clear of a keyboard of this height; 0 when it goes. */
     void adjustForKeyboardWithNotification(double height);
 
-    /** Whether source, date, topic and author are entered; shows an alert when not. */
+    /** Whether source, date, topic and author are entered, and the date can be read; shows an alert
+     * when not. */
     bool validate();
     /** Writes the fields into a record. */
     void write(Event& quote) const;
@@ -53,10 +56,12 @@ public:
 
 private:
     void showDate(Date date);
+    void takeTypedDate();
 
     ViewController& m_screen;
     AppDelegate& m_application;
     bool m_datePicked = false;
+    bool m_dateIsRead = true; ///< false while the typed one cannot be
 };
 
 /** The style of date pickers that the settings ask for, where the system offers it. */

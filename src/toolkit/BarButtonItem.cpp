@@ -14,7 +14,12 @@ void BarButtonItem::setImage(const QString& symbol) {
     Q_EMIT imageChanged();
 }
 
+void BarButtonItem::setEnabled(bool enabled) {
+    m_enabled = enabled;
+    Q_EMIT enabledChanged();
+}
+
 void BarButtonItem::press() {
-    if (m_action)
+    if (m_action && m_enabled)
         m_action();
 }

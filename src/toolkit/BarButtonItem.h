@@ -13,6 +13,7 @@ class BarButtonItem : public QObject {
     QML_UNCREATABLE("Controllers make their bar buttons")
     Q_PROPERTY(QString title READ title CONSTANT)
     Q_PROPERTY(QString image READ image NOTIFY imageChanged)
+    Q_PROPERTY(bool enabled READ isEnabled NOTIFY enabledChanged)
     Q_PROPERTY(bool flexibleSpace READ isFlexibleSpace CONSTANT)
 
 public:
@@ -24,15 +25,20 @@ public:
     /** The name of a system symbol that shows in the title's place; empty where the title shows. */
     QString image() const { return m_image; }
     void setImage(const QString& symbol);
+    bool isEnabled() const { return m_enabled; }
+    void setEnabled(bool enabled);
     bool isFlexibleSpace() const { return !m_action; }
 
+    /** What a tap does; a disabled button does nothing. */
     Q_INVOKABLE void press();
 
 Q_SIGNALS:
     void imageChanged();
+    void enabledChanged();
 
 private:
     QString m_title;
     QString m_image;
+    bool m_enabled = true;
     std::function<void()> m_action;
 };

@@ -17,6 +17,11 @@ void TextInput::setInputAccessoryView(Toolbar* toolbar) {
     Q_EMIT inputViewChanged();
 }
 
+void TextInput::enter(const QString& text) {
+    setText(text);
+    Q_EMIT entered();
+}
+
 void TextInput::beginEditing() {
     if (m_editing)
         return;
@@ -34,6 +39,11 @@ void TextInput::endEditing() {
         return;
     m_editing = false;
     Q_EMIT editingChanged();
+}
+
+void TextField::pressReturn() {
+    if (!shouldReturn || shouldReturn())
+        endEditing();
 }
 
 TextView::TextView(QObject* parent, const QString& accessibilityLabel)

@@ -5,6 +5,7 @@
 #include "toolkit/Toolbar.h"
 #include "toolkit/View.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -32,6 +33,9 @@ public:
     Toolbar* inputAccessoryView() const { return m_inputAccessoryView; }
     void setInputAccessoryView(Toolbar* toolbar);
 
+    /** What typing does: the text changes, and the screen is told that the user did it. */
+    Q_INVOKABLE void enter(const QString& text);
+
     bool isEditing() const { return m_editing; }
     Q_INVOKABLE void beginEditing();
     Q_INVOKABLE void endEditing();
@@ -41,6 +45,7 @@ Q_SIGNALS:
     void editingChanged();
     void inputViewChanged();
     void editingDidBegin();
+    void entered();
 
 private:
     QString m_text;
@@ -57,6 +62,10 @@ class TextField : public TextInput {
 
 public:
     using TextInput::TextInput;
+
+    /** Whether Return ends the editing, as it does where nothing is set. */
+    std::function<bool()> shouldReturn;
+    Q_INVOKABLE void pressReturn();
 };
 
 /** A font by name and size in points; the system font has no name. */

@@ -54,10 +54,10 @@ FocusScope {
             cursorPosition = 0;
         else if (focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason)
             cursorPosition = length
-        onTextEdited: root.control.text = text
+        onTextEdited: root.control.enter(text)
         Keys.onEscapePressed: root.control.endEditing()
-        Keys.onReturnPressed: root.control.endEditing()
-        Keys.onEnterPressed: root.control.endEditing()
+        Keys.onReturnPressed: root.control.pressReturn()
+        Keys.onEnterPressed: root.control.pressReturn()
         Keys.onUpPressed: Editing.turned(-1)
         Keys.onDownPressed: Editing.turned(1)
         Keys.onTabPressed: event => {

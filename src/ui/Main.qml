@@ -9,6 +9,7 @@ T.ApplicationWindow {
     id: root
 
     required property Keyboard keyboard
+    required property Notes notes
 
     /** Null until the program has made its screens, and when it ends. */
     property ToolkitWindow window: null
@@ -41,6 +42,10 @@ T.ApplicationWindow {
 
     Presentations {
         presenter: root.window?.rootViewController ?? null
+    }
+
+    Note {
+        notes: root.notes
     }
 
     FatalPage {

@@ -111,6 +111,7 @@ Item {
                 required property QtObject modelData
                 readonly property BarButtonItem item: modelData as BarButtonItem
 
+                enabled: item.enabled
                 text: item.title
                 symbol: item.image
                 onClicked: item.press()

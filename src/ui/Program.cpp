@@ -26,8 +26,9 @@ ProgramPaths ProgramPaths::ofThisUser() {
 Program::Program(const ProgramPaths& paths, Environment environment, Platform& platform)
     : m_environment(std::move(environment))
     , m_userDefaults(paths.settingsFile)
-    , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, platform,
-                             m_classes, m_selection, paths.storeFolder, m_temporaryFolder.path()}) {
+    , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, m_notes,
+                             platform, m_classes, m_selection, paths.storeFolder,
+                             m_temporaryFolder.path()}) {
     addScenes(m_storyboard, m_application);
 }
 
@@ -43,7 +44,8 @@ Program::~Program() {
 
 bool Program::launch() {
     // The window comes first, so that whatever ends the program from here on is seen.
-    m_engine.setInitialProperties({{QStringLiteral("keyboard"), QVariant::fromValue(&m_keyboard)}});
+    m_engine.setInitialProperties({{QStringLiteral("keyboard"), QVariant::fromValue(&m_keyboard)},
+                                   {QStringLiteral("notes"), QVariant::fromValue(&m_notes)}});
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Lantern/Main.qml")));
     if (m_engine.rootObjects().isEmpty())
         return false;

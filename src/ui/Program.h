@@ -42,6 +42,7 @@ private:
     EventLoopMainQueue m_mainQueue;
     QTemporaryDir m_temporaryFolder;
     Keyboard m_keyboard;
+    Notes m_notes;
     ClassRuntime m_classes;
     SelectionValues m_selection;
     AppDelegate m_application;

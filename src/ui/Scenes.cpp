@@ -79,7 +79,7 @@ void wireAddQuote(AddViewController& form) {
 
 void wireDetail(DetailViewController& detail) {
     NavigationItem* item = detail.navigationItem();
-    item->addRightBarButtonItem(QStringLiteral("Save"), [&detail] { detail.SaveQuote(); });
+    item->addRightBarButtonItem(detail.SaveButton);
     item->addRightBarButtonItem(QStringLiteral("Share"), [&detail] { detail.ShareButtonTapped(); });
     item->addRightBarButtonItem(QStringLiteral("Print"), [&detail] { detail.EmailFileClick(); });
     item->addRightBarButtonItem(QStringLiteral("Add"), [&detail] { detail.insertNewObject(); });

@@ -10,6 +10,7 @@ FocusScope {
     property string name
 
     readonly property int rowHeight: 43
+    readonly property alias currentRow: list.currentIndex
 
     signal turned(row: int)
 

@@ -17,6 +17,11 @@ FocusScope {
 
     implicitHeight: wheel.implicitHeight
     onPickerChanged: start()
+    onTextChanged: {
+        const row = picker.rowWithTitle(text);
+        if (row >= 0 && row !== wheel.currentRow)
+            wheel.show(row);
+    }
     Component.onCompleted: start()
 
     Connections {

@@ -127,10 +127,12 @@ TEST_F(AddQuote, ReturnsToTheScreenThatOpenedIt) {
     fill();
     form->SaveQuote();
     EXPECT_EQ(*segues, QStringList("unwindToMainList"));
+    EXPECT_TRUE(application.said.isEmpty());
     load("elsewhere");
     fill();
     form->SaveQuote();
     EXPECT_TRUE(segues->isEmpty());
+    EXPECT_EQ(application.said, QStringList("Saved"));
     EXPECT_EQ(form->SourceTextField->text(), "");
     EXPECT_EQ(application.all<Event>().size(), 2);
 }
@@ -157,6 +159,33 @@ TEST_F(AddQuote, TodayShowsTodayButKeepsThePickedDate) {
     press(2);
     EXPECT_EQ(form->DateAddedTextField->text(), "March 1, 2020");
     EXPECT_FALSE(form->DateAddedTextField->isEditing());
+}
+
+TEST_F(AddQuote, TakesATypedDateAndRefusesWhatIsNone) {
+    load();
+    fill();
+    form->DateAddedTextField->beginEditing();
+    for (const char* text : {"March 3, 2001", "Mar 3, 2001"}) {
+        form->DateAddedTextField->enter(QStringLiteral("March 4, 2002"));
+        form->DateAddedTextField->enter(QLatin1String(text));
+        EXPECT_EQ(form->form.QuoteDate, Date(983'620'800'000ms)) << text; // at the time of day
+        EXPECT_EQ(form->form.datePickerView->date(), form->form.QuoteDate);
+        EXPECT_EQ(form->DateAddedTextField->text(), text);
+    }
+    form->DateAddedTextField->enter(QStringLiteral("3rd of March"));
+    form->SaveQuote();
+    ASSERT_TRUE(presentedAlert(*form));
+    EXPECT_EQ(presentedAlert(*form)->message(), "The date cannot be read: \"3rd of March\"");
+    EXPECT_TRUE(application.all<Event>().empty());
+    presentedAlert(*form)->choose(0);
+
+    form->DateAddedTextField->beginEditing();
+    form->form.datePickerView->choose(2020, 2, 29);
+    form->DateAddedTextField->pressReturn(); // as "Done" does
+    EXPECT_FALSE(form->DateAddedTextField->isEditing());
+    EXPECT_EQ(form->DateAddedTextField->text(), "February 29, 2020");
+    form->SaveQuote();
+    EXPECT_EQ(application.all<Event>().at(0)->timestamp(), Date(1'582'977'600'000ms));
 }
 
 TEST_F(AddQuote, TakesTheDatePickersStyleFromTheSettings) {

@@ -105,7 +105,7 @@ TEST_F(Detail, IsNotHeldByAnExpressionThatBacktracks) {
 }
 
 TEST_F(Detail, SavesToTheRecordThatItOpened) {
-    application.addQuote({.author = "A", .category = "T", .source = "S", .quote = "another"});
+    open("another");
     open();
     detail->viewWillAppear();
     detail->AuthorTextField->setText(QStringLiteral("B"));
@@ -114,13 +114,14 @@ TEST_F(Detail, SavesToTheRecordThatItOpened) {
     detail->form.doneClick();
     detail->QuoteTextView->setText(QString());
     detail->SaveQuote();
+    EXPECT_EQ(detail->ResultsCount, 2); // which differ in their text alone
+    EXPECT_EQ(application.all<Event>().front()->quote(), QStringLiteral("another"));
     EXPECT_EQ(application.all<Event>().front()->author(), QStringLiteral("A"));
     const Event& saved = *application.all<Event>().back();
     EXPECT_EQ(saved.author(), QStringLiteral("B"));
     EXPECT_EQ(saved.quote(), QStringLiteral(""));
     EXPECT_EQ(saved.timestamp(), Date(1'582'977'600'000ms)); // 2020-02-29 12:00 UTC
     EXPECT_FALSE(application.context().hasChanges());
-    EXPECT_EQ(detail->ResultsCount, 1);
     EXPECT_EQ(*segues, QStringList("unwindToMenu"));
 }
 
@@ -137,6 +138,8 @@ TEST_F(Detail, KeepsItsQuoteWhateverIsChosenInBetween) {
     detail->viewWillAppear();
     EXPECT_EQ(detail->QuoteTextView->text(), "text");
     EXPECT_EQ(application.selection.selectedTopic, "T");
+    EXPECT_EQ(application.selection.callingScreen, "AuthorBreakdown");
+    EXPECT_TRUE(detail->SaveButton->isEnabled());
     detail->SaveQuote();
     EXPECT_EQ(other.quote(), QStringLiteral("another"));
     EXPECT_EQ(*segues, QStringList("unwindToAuthorTableView"));
@@ -150,7 +153,26 @@ TEST_F(Detail, ReturnsByTheScreenThatOpenedIt) {
     };
     EXPECT_EQ(segueFor("TopicBreakdown"), QStringList("unwindToTopicTableView"));
     EXPECT_EQ(segueFor("SourceBreakdown"), QStringList("unwindToSourceTableView"));
-    EXPECT_EQ(segueFor("Menu"), QStringList());
+    EXPECT_TRUE(detail->SaveButton->isEnabled());
+    EXPECT_TRUE(application.said.isEmpty());
+}
+
+TEST_F(Detail, IsSavedOnceWhereItStaysOnTheScreen) {
+    open("text", "Menu");
+    detail->viewWillAppear();
+    detail->DateAddedTextField->beginEditing();
+    detail->SaveButton->press();
+    EXPECT_EQ(*segues, QStringList());
+    EXPECT_EQ(application.said, QStringList("Saved"));
+    EXPECT_FALSE(detail->SaveButton->isEnabled());
+    EXPECT_EQ(fatalMessageOf([&] { detail->SaveButton->press(); }), "");
+
+    open("another");
+    detail->viewWillAppear();
+    application.all<Event>().back()->setAuthor(QStringLiteral("B")); // by a detail of its lists
+    application.delegate.saveContext();
+    detail->viewWillAppear();
+    EXPECT_FALSE(detail->SaveButton->isEnabled());
 }
 
 TEST_F(Detail, RefusesToSaveWhatIsIncompleteOrGone) {

@@ -53,6 +53,8 @@ public:
     UserDefaults userDefaults;
     ManualMainQueue mainQueue;
     Keyboard keyboard;
+    Notes notes;
+    QStringList said; ///< by the notes, in order
     FakePlatform platform;
     ClassRuntime classes;
     SelectionValues selection;

@@ -11,6 +11,7 @@
 #include "quotes/NewViewTableViewController.h"
 #include "toolkit/TabBarController.h"
 
+#include <QAccessible>
 #include <QTest>
 
 namespace {
@@ -207,6 +208,14 @@ TEST_F(NameViews, AQuoteByTopicIsReachedAndLeftByDragging) {
     pilot->tap(*shown.at(shown.size() / 2));
     const QString text = top<DetailViewController>().QuoteTextView->text();
     EXPECT_GT(text.toInt(), 105);
+    tap("Save"); // which stays here, and says so in a note that screen readers tell
+    const QAccessibleInterface* note =
+        QAccessible::queryAccessibleInterface(pilot->find(QStringLiteral("Saved")).parentItem());
+    ASSERT_TRUE(note);
+    EXPECT_EQ(note->role(), QAccessible::Notification);
+    EXPECT_EQ(note->text(QAccessible::Name), "Saved");
+    EXPECT_FALSE(pilot->find(QStringLiteral("Save")).isEnabled());
+    EXPECT_TRUE(pilot->waitFor([&] { return !pilot->look(QStringLiteral("Saved")); }, 5000));
     pilot->drag(QPoint(3, 400), {300, 0}); // in from the left edge
     EXPECT_EQ(top<NewViewTableViewController>().unfilteredEvent.size(), 60U);
     EXPECT_NEAR(pilot->find(QStringLiteral("Rows")).property("contentY").toDouble(), place, 1);

@@ -238,7 +238,9 @@ TEST_F(Views, AddQuoteTakesTypedAndPickedValues) {
     pilot->press(Qt::Key_Escape);
     pilot->tap(QStringLiteral("Date"));
     EXPECT_EQ(form.DateAddedTextField->text(), "March 1, 2021");
-    pilot->tap(QStringLiteral("Done"));
+    pilot->press(Qt::Key_A, Qt::ControlModifier);
+    pilot->type(QStringLiteral("March 3, 2001"));
+    pilot->press(Qt::Key_Return);
     EXPECT_FALSE(form.DateAddedTextField->isEditing());
     pilot->tap(QStringLiteral("Quote"));
     pilot->type(QStringLiteral("Text"));
@@ -248,6 +250,7 @@ TEST_F(Views, AddQuoteTakesTypedAndPickedValues) {
     ASSERT_EQ(quotes.size(), 1);
     EXPECT_EQ(quotes[0]->source(), QStringLiteral("Войнá"));
     EXPECT_EQ(quotes[0]->quote(), QStringLiteral("Text"));
+    EXPECT_EQ(quotes[0]->timestamp(), Date(std::chrono::milliseconds(983'620'800'000)));
 }
 
 TEST_F(Views, FileSheetLeadsToAFileByKeyboardAndByTaps) {
