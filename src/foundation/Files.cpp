@@ -55,6 +55,27 @@ std::optional<WriteFailure> writeTemporaryFile(const QString& path, const QByteA
     return write(path, bytes, ownerFile, false);
 }
 
+bool isSynced(const QString& path) {
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_NOFOLLOW | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    const bool result = ::fsync(file) == 0;
+    ::close(file);
+    return result;
+}
+
+bool makeEmptyFile(const QString& path) {
+    QFile::remove(path);
+    const int file =
+        ::open(QFile::encodeName(path).constData(),
+               O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file < 0)
+        return false;
+    const bool isPrivate = ::fchmod(file, S_IRUSR | S_IWUSR) == 0;
+    ::close(file);
+    return isPrivate;
+}
+
 int makeOwnFolder(const QString& path) {
     const QFileInfo folder(path);
     if (path.isEmpty() || folder.isDir())

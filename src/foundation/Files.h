@@ -27,6 +27,12 @@ writeFileAtomically(const QString& path, const QByteArray& bytes,
 /** The same for a file that does not outlive the program: it does not wait for the disk. */
 std::optional<WriteFailure> writeTemporaryFile(const QString& path, const QByteArray& bytes);
 
+/** Whether all of a file is on disk. */
+bool isSynced(const QString& path);
+
+/** Makes an empty file for its owner alone, in the place of what is there. */
+bool makeEmptyFile(const QString& path);
+
 /** Makes a folder, and those above it that are missing, for their owner alone whatever the umask,
  * so that a power cut does not take them. Returns 0 or an errno. */
 int makeOwnFolder(const QString& path);

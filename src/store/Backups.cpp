@@ -12,10 +12,7 @@
 #include <QUrl>
 
 #include <cstdio>
-#include <fcntl.h>
 #include <memory>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 
 Q_DECLARE_LOGGING_CATEGORY(storeLog)
@@ -32,28 +29,6 @@ Database openFile(const QByteArray& name, int flags, const char* system) {
     if (code != SQLITE_OK)
         result.reset();
     return result;
-}
-
-bool isSynced(const QString& path) {
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_NOFOLLOW | O_CLOEXEC);
-    if (file < 0)
-        return false;
-    const bool result = ::fsync(file) == 0;
-    ::close(file);
-    return result;
-}
-
-/** An empty file for its owner alone, in the place of what is there. */
-bool makeEmptyFile(const QString& path) {
-    QFile::remove(path);
-    const int file =
-        ::open(QFile::encodeName(path).constData(),
-               O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file < 0)
-        return false;
-    const bool isPrivate = ::fchmod(file, S_IRUSR | S_IWUSR) == 0;
-    ::close(file);
-    return isPrivate;
 }
 
 } // namespace
