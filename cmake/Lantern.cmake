@@ -21,6 +21,23 @@ if(LANTERN_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+# What stands in an attacker's way, as far as the compiler has it for this processor.
+if(NOT LANTERN_SANITIZE)
+    include(CheckCXXCompilerFlag)
+    foreach(flag IN ITEMS -fstack-protector-strong -fstack-clash-protection
+                          -fcf-protection=full -mbranch-protection=standard)
+        string(MAKE_C_IDENTIFIER "knows${flag}" known)
+        check_cxx_compiler_flag(${flag} ${known})
+        if(${known})
+            add_compile_options(${flag})
+        endif()
+    endforeach()
+    if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+        add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
+    endif()
+    add_link_options(-Wl,-z,relro,-z,now)
+endif()
+
 if(LANTERN_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link)
 endif()

@@ -1,5 +1,6 @@
 #include "Program.h"
 
+#include "exchange/ImportViewController.h"
 #include "foundation/FatalError.h"
 #include "foundation/Files.h"
 #include "toolkit/NavigationController.h"
@@ -56,6 +57,13 @@ bool Program::launch() {
     m_application.window = std::make_unique<Window>(makeRootViewController(m_storyboard));
     m_application.window->makeKeyAndVisible();
     return m_quickWindow->setProperty("window", QVariant::fromValue(m_application.window.get()));
+}
+
+void Program::openCollectionFile(const QUrl& file) {
+    auto screen = m_storyboard.instantiate(QStringLiteral("ImportViewController"));
+    auto& import = *qobject_cast<ImportViewController*>(screen.get());
+    navigation().pushViewController(std::move(screen));
+    import.didPickDocumentAtURL(file);
 }
 
 NavigationController& Program::navigation() {

@@ -29,6 +29,9 @@ public:
     /** Opens the window and shows the first screen in it; false when the window cannot be made. */
     bool launch();
 
+    /** Shows the import screen with this file loaded, as if the user had chosen it there. */
+    void openCollectionFile(const QUrl& file);
+
     QQuickWindow& quickWindow() const { return *m_quickWindow; }
     AppDelegate& application() { return m_application; }
     NavigationController& navigation();

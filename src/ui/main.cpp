@@ -4,18 +4,38 @@
 #include "ui/QuitSignals.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QUrl>
+
+#include <optional>
+
+namespace {
+
+/** The file that a file manager starts the program with. There are no options. */
+std::optional<QUrl> fileToOpen() {
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() < 2)
+        return std::nullopt;
+    return QUrl::fromLocalFile(QDir::current().absoluteFilePath(arguments[1]));
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     FileChooser::preferPortal(argc, argv);
     // The print dialog is a widget; all else is Qt Quick.
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern"));
+    QApplication::setApplicationVersion(QStringLiteral(LANTERN_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("example.lantern.Lantern"));
     quitOnSignals();
 
     DesktopPlatform platform;
     Program program(ProgramPaths::ofThisUser(), Environment::ofThisDevice(), platform);
     if (!program.launch())
         return EXIT_FAILURE;
+    if (const auto file = fileToOpen())
+        program.openCollectionFile(*file);
     const int status = QApplication::exec();
     program.application().applicationWillTerminate();
     return status;

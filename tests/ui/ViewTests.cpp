@@ -1,9 +1,11 @@
 #include "Views.h"
+#include "app/MainMenuViewController.h"
 #include "exchange/ExportViewController.h"
 #include "exchange/ImportViewController.h"
 #include "foundation/FatalError.h"
 #include "quotes/AddViewController.h"
 #include "quotes/MasterViewController.h"
+#include "support/TestFiles.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/DocumentPickerViewController.h"
 #include "toolkit/Storyboard.h"
@@ -16,6 +18,7 @@
 #include <QUrl>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -407,6 +410,34 @@ TEST_F(Views, FatalMessageStaysInTheWindowUntilItIsRead) {
         },
         testing::ExitedWithCode(EXIT_FAILURE),
         "Fatal error: The lamp <b>went out</b> .ViewTests.cpp, line");
+}
+
+TEST_F(Views, AFileThatIsOpenedWaitsOnTheImportScreen) {
+    const QString path = home.filePath(QStringLiteral("QuoteCollection.csv"));
+    write(path, "[QUOTECOLLECTION]\nAnn^Hope^^^text\n");
+    program.openCollectionFile(QUrl::fromLocalFile(path));
+    pilot->settle();
+    pilot->tap(QStringLiteral("OK"));
+    EXPECT_EQ(quoteCount(), 0);
+    EXPECT_TRUE(pilot->find(QStringLiteral("Import text")).isVisible());
+    pilot->tap(QStringLiteral("Import File"));
+    pilot->tap(QStringLiteral("OK"));
+    EXPECT_NO_THROW(top<MainMenuViewController>());
+    EXPECT_EQ(quoteCount(), 1);
+
+    const QString pipe = home.filePath(QStringLiteral("pipe"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    for (const QString& other : {pipe, home.path(), home.filePath(QStringLiteral("gone"))}) {
+        program.openCollectionFile(QUrl::fromLocalFile(other));
+        pilot->settle();
+        pilot->tap(QStringLiteral("OK"));
+        EXPECT_FALSE(top<ImportViewController>().ImportButton->isEnabled()) << other.toStdString();
+        EXPECT_TRUE(top<ImportViewController>().LoadFileButton->isEnabled());
+        EXPECT_EQ(warnings.size(), 1);
+        warnings.clear();
+        pilot->press(Qt::Key_Escape);
+    }
+    EXPECT_EQ(quoteCount(), 1);
 }
 
 } // namespace
