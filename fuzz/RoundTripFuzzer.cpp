@@ -40,9 +40,10 @@ std::optional<Date> date(Choices& choices) {
     std::int64_t number = 0;
     for (int i = 0; i < 5; ++i)
         number = number * 256 + choices.below(256);
-    constexpr std::int64_t year1000 = -30'610'224'000;
-    constexpr std::int64_t year9999 = 253'370'764'800;
-    return Date(std::chrono::seconds(year1000 + number % (year9999 - year1000)));
+    // The years 1 to 9999, wherever on Earth.
+    constexpr std::int64_t first = -62'135'683'200;
+    constexpr std::int64_t end = 253'402'387'200;
+    return Date(std::chrono::seconds(first + number % (end - first)));
 }
 
 /** What a reader makes of a file, put as plainly as it can be. */
@@ -140,7 +141,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
     const QString document = QString::fromUtf8(file);
     std::vector<QStringList> quotes;
     const bool isRead = readQuoteLines(document, [&](const QuoteLine& line) {
-        quotes.push_back({line.author, line.topic, line.source, line.date, line.quote});
+        if (!line.topic.isEmpty())
+            quotes.push_back({line.author, line.topic, line.source, line.date, line.quote});
     });
     std::vector<QString> topics;
     readTopicNames(document, [&topics](const QString& name) { topics.push_back(name); });

@@ -23,11 +23,14 @@ void deleteAll(const Services& services) {
     const auto result = context.fetch(request);
     if (result.error)
         fatalError(result.error->unresolved());
+    SaveGroup group(context);
     for (Record* record : result.records) {
         context.deleteObject(*record);
         if (const auto error = context.save())
             fatalError(error->unresolved());
     }
+    if (const auto error = group.finish())
+        fatalError(error->unresolved());
 }
 
 } // namespace
@@ -80,7 +83,9 @@ void MainMenuViewController::rebuildNamesAtFirstLaunch() {
     if (userDefaults.boolForKey(AboutHasBeenLaunchedBeforeFlag))
         return;
     userDefaults.setBool(AboutHasBeenLaunchedBeforeFlag, true);
-    userDefaults.synchronize();
+    // Without the mark on disk every start would empty the names again.
+    if (!userDefaults.synchronize())
+        return;
 
     deleteAll<Sources>(m_application.services);
     deleteAll<Authors>(m_application.services);

@@ -124,21 +124,28 @@ std::optional<WallTime> readPlainDate(QStringView text) {
     using namespace std::chrono;
     if (text.endsWith(utcOffset))
         text.chop(utcOffset.size());
-    if (text.size() != 19 || (text[4] != u'-' && text[4] != u'.') || text[7] != text[4] ||
-        text[10] != u' ' || text[13] != u':' || text[16] != u':')
+    constexpr qsizetype afterYear = 15;
+    const qsizetype yearLength = text.size() - afterYear;
+    if (yearLength < 4 || yearLength > 5)
         return std::nullopt;
-    const int year = number(text.first(4));
-    const int month = number(text.sliced(5, 2));
-    const int day = number(text.sliced(8, 2));
-    const int hour = number(text.sliced(11, 2));
-    const int minute = number(text.sliced(14, 2));
-    const int second = number(text.sliced(17, 2));
-    const bool isReal = year > 0 && month > 0 && day > 0 &&
-                        year_month_day(std::chrono::year(year), std::chrono::month(unsigned(month)),
-                                       std::chrono::day(unsigned(day)))
-                            .ok() &&
-                        hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 &&
-                        second < 60;
+    const QStringView yearText = text.first(yearLength);
+    text = text.sliced(yearLength);
+    if ((text[0] != u'-' && text[0] != u'.') || text[3] != text[0] || text[6] != u' ' ||
+        text[9] != u':' || text[12] != u':')
+        return std::nullopt;
+    // What is local time in the years 1 to 9999 may be in another one in UTC.
+    const int year = number(yearText);
+    const int month = number(text.sliced(1, 2));
+    const int day = number(text.sliced(4, 2));
+    const int hour = number(text.sliced(7, 2));
+    const int minute = number(text.sliced(10, 2));
+    const int second = number(text.sliced(13, 2));
+    const bool isReal =
+        year >= 0 && year <= int(std::chrono::year::max()) && month > 0 && day > 0 &&
+        year_month_day(std::chrono::year(year), std::chrono::month(unsigned(month)),
+                       std::chrono::day(unsigned(day)))
+            .ok() &&
+        hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
     if (!isReal)
         return std::nullopt;
     return WallTime{year, month, day, hours(hour) + minutes(minute) + seconds(second)};
@@ -191,9 +198,9 @@ bool readQuoteLines(const QString& document, const std::function<void(const Quot
     ApostropheFilter withoutApostrophes;
     LineReader reader(document);
     while (reader.next()) {
-        const auto [author, topic, source, date, quote] =
-            splitFields(withoutApostrophes(reader.line()));
-        if (!topic.isEmpty())
+        const QStringView line = withoutApostrophes(reader.line());
+        const auto [author, topic, source, date, quote] = splitFields(line);
+        if (!line.isEmpty() && line != quoteSectionMarker)
             use({author.toString(), topic.toString(), source.toString(), date.toString(),
                  replaced(quote, u"@#@", u"\n"), reader.number()});
     }
@@ -217,6 +224,6 @@ std::optional<Date> readDate(const QString& field, const Environment& environmen
         return dateFromWallTime(*plain, environment);
     const QString text = replaced(field, utcOffset, u"");
     // Hyphens first: they are what an export writes.
-    const auto date = parseDatePattern(text, QStringLiteral("yyyy-MM-dd HH:mm:ss"), environment);
-    return date ? date : parseDatePattern(text, QStringLiteral("yyyy.MM.dd HH:mm:ss"), environment);
+    const auto date = parseDatePattern(text, QStringLiteral("yyyy-M-d H:m:s"), environment);
+    return date ? date : parseDatePattern(text, QStringLiteral("yyyy.M.d H:m:s"), environment);
 }

@@ -24,7 +24,7 @@ void appendLine(QByteArray& file, const Topics& topic);
  * that the line lacks is empty. */
 struct QuoteLine {
     QString author;
-    QString topic; ///< never empty
+    QString topic; ///< empty where the line is no quote: an import passes it over
     QString source;
     QString date;         ///< as it stands in the file, for readDate
     QString quote;        ///< with its line feeds back in place
@@ -34,8 +34,9 @@ struct QuoteLine {
 };
 
 /**
- * Hands over the quotes of a collection file's text one after the other, in file order, without the
- * lines that name no topic. None, and false, when no line marks the text as a quote collection.
+ * Hands over the lines of a collection file's text one after the other, in file order, those that
+ * name no topic too, but neither empty ones nor the quote marker. None, and false, when no line
+ * marks the text as a quote collection.
  */
 bool readQuoteLines(const QString& document, const std::function<void(const QuoteLine&)>& use);
 
@@ -44,7 +45,8 @@ bool readQuoteLines(const QString& document, const std::function<void(const Quot
 void readTopicNames(const QString& document, const std::function<void(const QString&)>& use);
 
 /** Reads the date field of a quote line, with dots or hyphens in the day, as local time: its UTC
- * offset "+0000" is dropped. Nothing when it is no date, as with an empty field. */
+ * offset "+0000" is dropped. Each number may lack its leading zeros. Whatever an export writes is
+ * read. Nothing when it is no date, as with an empty field. */
 std::optional<Date> readDate(const QString& field, const Environment& environment);
 
 /** The text without the spaces and tabs, and no other white space, at its ends. */

@@ -96,9 +96,11 @@ void ImportViewController::importQuote(const QuoteLine& line) {
     theAuthor = line.author;
     theCategory = line.topic;
     theSource = line.source;
+    if (line.topic.isEmpty())
+        return;
     auto request = Event::fetchRequest();
-    request.predicate = Event::Keys::author == theAuthor && Event::Keys::category == theCategory &&
-                        Event::Keys::source == theSource;
+    request.predicate = Event::Keys::author == line.author && Event::Keys::category == line.topic &&
+                        Event::Keys::source == line.source;
     auto found = managedObjectContext->fetch(request);
     if (found.error)
         qCWarning(lcExchange) << found.error->description;
@@ -138,18 +140,18 @@ void ImportViewController::importTopics() {
     const QSet<QString> known(TopicList.cbegin(), TopicList.cend());
     readTopicNames(*document, [&](const QString& name) {
         theTopic = name;
-        if (known.contains(theTopic)) {
+        if (known.contains(name)) {
             updateTopic();
             return;
         }
-        managedObjectContext->insert<Topics>()->setTopic(theTopic);
+        managedObjectContext->insert<Topics>()->setTopic(name);
         save();
     });
 }
 
 void ImportViewController::updateTopic() {
     auto request = Topics::fetchRequest();
-    request.predicate = Topics::Keys::topic == theTopic;
+    request.predicate = Topics::Keys::topic == *theTopic;
     auto found = managedObjectContext->fetch(request);
     if (found.error)
         qCWarning(lcExchange) << found.error->description;
@@ -157,7 +159,7 @@ void ImportViewController::updateTopic() {
     topicCount = qsizetype(topicResults.size());
     if (topicResults.empty())
         fatalError(
-            QStringLiteral("The topic \"%1\" is stored only with blanks around it").arg(theTopic));
+            QStringLiteral("The topic \"%1\" is stored only with blanks around it").arg(*theTopic));
     topicResults.front()->setTopic(theTopic);
 }
 

@@ -39,12 +39,12 @@ public:
     qsizetype topicCount = 0;
     std::optional<QString> document;
     std::optional<QString> filename;
-    QString theAuthor;
-    QString theCategory;
-    QString theSource;
-    QString theTopic;
+    std::optional<QString> theAuthor;
+    std::optional<QString> theCategory;
+    std::optional<QString> theSource;
+    std::optional<QString> theTopic;
     std::optional<bool> wrongFile;
-    QString WhichSection;
+    std::optional<QString> WhichSection;
 
     void viewDidLoad() override;
     void LoadFile();

@@ -18,7 +18,7 @@ struct SystemVersion {
 /** What the device tells of itself: its clock, language, place and system. */
 struct Environment {
     std::function<Date()> now;
-    QString locale;   ///< ICU locale identifier, such as "en_US"
+    QString locale;   ///< of dates: an ICU identifier, such as "en_US"
     QString timeZone; ///< IANA time zone identifier, such as "Europe/Berlin"
     SystemVersion systemVersion{17, 0};
 

@@ -27,17 +27,24 @@ QString decode(const QByteArray& bytes, QStringConverter::Encoding encoding) {
 }
 
 /** Text without a byte-order mark is UTF-16 when one byte in twenty or more is zero, all (but the
- * odd one) in the upper halves of its characters. */
+ * odd one) in the upper halves of its characters. Where it could be UTF-8 as well, half of these
+ * must be control characters there, as the upper halves of all alphabets are. */
 std::optional<QStringConverter::Encoding> utf16Encoding(const QByteArray& bytes) {
     if (!bytes.contains('\0'))
         return std::nullopt;
     std::array<qsizetype, 2> zeros{};
-    for (qsizetype i = 0; i < bytes.size(); ++i)
+    std::array<qsizetype, 2> controls{};
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
         zeros[size_t(i % 2)] += bytes[i] == '\0' ? 1 : 0;
+        controls[size_t(i % 2)] += uchar(bytes[i]) < 0x20 ? 1 : 0;
+    }
     const auto [fewer, more] = std::minmax(zeros[0], zeros[1]);
     if (more == 0 || more < bytes.size() / 20 || more < 8 * fewer)
         return std::nullopt;
-    return zeros[0] > zeros[1] ? QStringConverter::Utf16BE : QStringConverter::Utf16LE;
+    const size_t upper = zeros[0] > zeros[1] ? 0 : 1;
+    if (controls[upper] < bytes.size() / 4 && QUtf8StringView(bytes).isValidUtf8())
+        return std::nullopt;
+    return upper == 0 ? QStringConverter::Utf16BE : QStringConverter::Utf16LE;
 }
 
 /** Whether UTF-8 is a likely reading, even if some of the bytes do not belong to it. */

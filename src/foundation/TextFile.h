@@ -18,7 +18,8 @@ std::variant<QString, ReadFailure> readTextFile(const QString& path);
 
 /**
  * Decodes bytes of unknown encoding: a byte-order mark decides, else UTF-16 by the place of its
- * zero bytes, else UTF-8 where the bytes are valid UTF-8, else what ICU's detector finds, with
- * Windows-1252 where it finds nothing. Bytes that the encoding does not know become U+FFFD.
+ * zero bytes (which a text in UTF-8 may have some of), else UTF-8 where the bytes are valid UTF-8,
+ * else what ICU's detector finds, with Windows-1252 where it finds nothing. Bytes that the encoding
+ * does not know become U+FFFD.
  */
 QString decodeText(const QByteArray& bytes);

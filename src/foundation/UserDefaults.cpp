@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QLoggingCategory>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -85,7 +86,21 @@ std::optional<QString> UserDefaults::object(const QString& key) const {
     return text == m_texts.end() ? std::nullopt : std::optional(*text);
 }
 
+std::optional<QString> UserDefaults::textForKey(const QString& key) const {
+    const auto value = object(key);
+    bool isNumber = false;
+    value.value_or(QString()).toDouble(&isNumber);
+    if (isNumber || value == trueText || value == falseText)
+        fatalError(QStringLiteral("The setting %1 is not a text: %2").arg(key, *value));
+    return value;
+}
+
 bool UserDefaults::boolForKey(const QString& key) const {
+    static const QRegularExpression isTrue(QStringLiteral("^\\s*[+-]?0*[YyTt1-9]"));
+    return isTrue.match(object(key).value_or(QString())).hasMatch();
+}
+
+bool UserDefaults::strictBoolForKey(const QString& key) const {
     const QString value = object(key).value_or(falseText);
     if (value != trueText && value != falseText)
         fatalError(QStringLiteral("The setting %1 is not a boolean: %2").arg(key, value));
@@ -120,13 +135,13 @@ void UserDefaults::setText(const QString& key, const QString& value) {
         &m_writer, [this] { synchronize(); }, Qt::QueuedConnection);
 }
 
-void UserDefaults::synchronize() {
+bool UserDefaults::synchronize() {
     if (!m_hasChanged)
-        return;
+        return true;
     makePrivateFolder(m_path);
     read();
     if (!m_isRead)
-        return; // what the file holds must not be written over
+        return false; // what the file holds must not be written over
     const auto file = iniFile(m_texts, m_path);
     const auto failure = file ? writeFileAtomically(m_path, *file, ownerFile)
                               : WriteFailure{QStringLiteral("A draft cannot be written.")};
@@ -134,6 +149,7 @@ void UserDefaults::synchronize() {
         qCWarning(logger) << "The settings:" << failure->description;
     else
         m_hasChanged = false;
+    return !failure;
 }
 
 void UserDefaults::read() {

@@ -25,8 +25,15 @@ public:
     /** The value as text; nothing when the key is absent. */
     std::optional<QString> object(const QString& key) const;
 
-    /** The stored boolean, false when absent; a value that is no boolean is a fatal error. */
+    /** The stored text; nothing when the key is absent. A boolean or a number is a fatal error. */
+    std::optional<QString> textForKey(const QString& key) const;
+
+    /** The stored boolean as the platform reads it: true for what begins with a Y, a T (or the
+     * small letters) or a number that is not zero, false for all else and when absent. */
     bool boolForKey(const QString& key) const;
+
+    /** The stored boolean, false when absent; a value that is no boolean is a fatal error. */
+    bool strictBoolForKey(const QString& key) const;
 
     /** The stored number, whole or with decimals; absent or no number is a fatal error. */
     double doubleForKey(const QString& key) const;
@@ -37,8 +44,9 @@ public:
     void setDouble(const QString& key, double value);
     void setText(const QString& key, const QString& value);
 
-    /** Writes what has changed to the file at once; what cannot be written is kept for later. */
-    void synchronize();
+    /** Writes what has changed to the file at once. What cannot be written is kept for later, and
+     * the answer is false. */
+    bool synchronize();
 
 private:
     void read();

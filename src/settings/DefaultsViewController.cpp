@@ -39,10 +39,20 @@ DefaultsViewController::DefaultsViewController(AppDelegate& application)
           {DatePicker::Wheels, DateWheelSwitch, QStringLiteral("UseDateWheel"), {13, 4}},
           {DatePicker::Inline, DateInlineSwitch, QStringLiteral("UseDateInline"), {14, 0}},
           {DatePicker::Compact, DateCompactSwitch, QStringLiteral("UseDateCompact"), {14, 0}}} {
+    showDefaultDate(false);
     connect(DefaultDateSwitch, &Switch::valueChanged, this, &DefaultsViewController::SwitchChanged);
     for (const PickerStyle& style : m_styles)
         connect(style.choice, &Switch::valueChanged, this, [this, &style] { choose(style); });
     connect(dateTextField, &TextInput::editingDidBegin, this, &DefaultsViewController::DateEntered);
+    connect(dateTextField, &TextInput::entered, this, &DefaultsViewController::takeTypedDate);
+    connect(dateTextField, &TextInput::editingChanged, this, [this] {
+        if (!dateTextField->isEditing() && !typedDate())
+            dateTextField->setText(m_lastDateText); // rather than a text that none can read
+    });
+    dateTextField->shouldReturn = [this] {
+        doneClick();
+        return false;
+    };
 }
 
 void DefaultsViewController::viewDidLoad() {
@@ -74,7 +84,7 @@ void DefaultsViewController::DateEntered() {
     }
     if (dateTextField->text().isEmpty())
         return;
-    const auto date = parseDate(dateTextField->text(), DateStyle::Medium, m_environment);
+    const auto date = typedDate();
     if (!date)
         fatalError(
             QStringLiteral("The date cannot be read: \"%1\"").arg(dateTextField->text().left(100)));
@@ -104,12 +114,12 @@ void DefaultsViewController::loadDefaultDate() {
         userDefaults.setBool(useDefaultDate, false);
         return;
     }
-    const bool isOn = userDefaults.boolForKey(useDefaultDate);
+    const bool isOn = userDefaults.strictBoolForKey(useDefaultDate);
     DefaultDateSwitch->setOn(isOn);
     showDefaultDate(isOn);
     if (!isOn)
         DefaultDateTextField->setText(QString());
-    else if (const auto text = userDefaults.object(defaultDate))
+    else if (const auto text = userDefaults.textForKey(defaultDate))
         DefaultDateTextField->setText(*text);
 }
 
@@ -165,6 +175,20 @@ void DefaultsViewController::choose(const PickerStyle& chosen) {
 
 void DefaultsViewController::take(Date date) {
     const QString text = formatDate(date, DateStyle::Medium, m_environment);
+    m_lastDateText = text;
     dateTextField->setText(text);
     userDefaults.setText(defaultDate, text);
+}
+
+std::optional<Date> DefaultsViewController::typedDate() const {
+    return parseDate(dateTextField->text(), DateStyle::Medium, m_environment);
+}
+
+void DefaultsViewController::takeTypedDate() {
+    const auto date = typedDate();
+    if (!date)
+        return;
+    datePickerView->setDate(*date);
+    m_lastDateText = formatDate(*date, DateStyle::Medium, m_environment);
+    userDefaults.setText(defaultDate, m_lastDateText);
 }

@@ -65,7 +65,10 @@ private:
     void showDefaultDate(bool shown);
     void choose(const PickerStyle& chosen);
     void take(Date date);
+    std::optional<Date> typedDate() const;
+    void takeTypedDate();
 
     const Environment& m_environment;
     std::vector<PickerStyle> m_styles;
+    QString m_lastDateText; ///< of those that could be read
 };

@@ -95,7 +95,9 @@ QString fromUtf8(QByteArrayView text) {
 }
 
 QString folded(const QString& text) {
-    return wellFormed(text).toLower();
+    // The two small sigmas are one letter, whose form tells that a word ends: one that is still
+    // being typed does not.
+    return wellFormed(text).toLower().replace(u'\u03c2', u'\u03c3');
 }
 
 void FoldedTexts::append(QByteArrayView text) {

@@ -3,6 +3,9 @@
 #include "support/TestApplication.h"
 #include "toolkit/NavigationController.h"
 
+#include <QDir>
+
+#include <chrono>
 #include <gtest/gtest.h>
 
 namespace {
@@ -42,6 +45,34 @@ TEST(MainMenu, FirstLaunchOfAnEmptyStoreSetsTheFlagAlone) {
     EXPECT_EQ(namesOf(application), QStringList("|"));
     EXPECT_TRUE(application.userDefaults.boolForKey(menu.AboutHasBeenLaunchedBeforeFlag));
     EXPECT_EQ(application.selection.callingScreen, "Menu");
+}
+
+TEST(MainMenu, KeepsTheNamesWhereItsMarkCannotBeWritten) {
+    TestApplication application;
+    application.addQuote({.author = "Ann", .source = "A"});
+    application.context().insert<Authors>()->setName(QStringLiteral("kept"));
+    application.delegate.saveContext();
+    // A folder stands where the settings' file should.
+    QDir().mkpath(application.folder.filePath(QStringLiteral("settings/Lantern.ini/x")));
+    MainMenuViewController menu(application.delegate);
+    menu.viewDidLoad();
+    EXPECT_EQ(namesOf(application), QStringList({"|", "kept"}));
+}
+
+TEST(MainMenu, RebuildIsOneTransactionForEachKindOfName) {
+    TestApplication application;
+    constexpr int many = 5'000;
+    SaveGroup group(application.context());
+    for (int i = 0; i < many; ++i)
+        application.context().insert<Authors>()->setName(QString::number(i));
+    application.delegate.saveContext();
+    ASSERT_FALSE(group.finish());
+    const auto start = std::chrono::steady_clock::now();
+    MainMenuViewController menu(application.delegate);
+    menu.viewDidLoad();
+    EXPECT_LT(std::chrono::steady_clock::now() - start,
+              std::chrono::seconds(3)); // a transaction each takes ten
+    EXPECT_EQ(namesOf(application), QStringList("|"));
 }
 
 TEST(MainMenu, LaterLaunchesDoNotOpenTheStore) {

@@ -80,6 +80,9 @@ TEST(QuoteLines, AreReadFieldByField) {
                                  quote("", "T", "", "", "", 3), quote("short", "T", "", "", "", 4),
                                  quote("A", "caret", "in", "the", "topic", 5),
                                  quote(" A ", "\tT ", " S", "d", " \n#@ ", 6),
+                                 quote("no topic", "", "S", "d", "q", 7),
+                                 quote("[TOPICCOLLECTION]", "", "", "", "", 8),
+                                 quote("T", "", "", "", "", 9),
                                  quote("late", "T", "", "", "still a quote", 10)}));
 }
 
@@ -94,8 +97,9 @@ TEST(QuoteLines, NeedTheMarkerOnALineOfItsOwn) {
 }
 
 TEST(QuoteLines, LoseTheirApostrophesEverywhere) {
-    EXPECT_EQ(quotes("[QUOTECOLLECTION]\nO'Brien^'T'^S'^'^@'#@it's\nA^'^S^^left out"),
-              std::vector{quote("OBrien", "T", "S", "", "\nits", 2)});
+    EXPECT_EQ(quotes("[QUOTECOLLECTION]\nO'Brien^'T'^S'^'^@'#@it's\nA^'^S^^left out\n''"),
+              (std::vector{quote("OBrien", "T", "S", "", "\nits", 2),
+                           quote("A", "", "S", "", "left out", 3)}));
 }
 
 TEST(QuoteLines, EndWithAnyLineEndAndAreNumberedAsAnEditorCounts) {
@@ -138,13 +142,22 @@ TEST(ReadDate, TakesDotsOrHyphensAsLocalTime) {
             return readDate(QString::fromLatin1(field), newYork);
         };
         const Date date = sys_days(2021y / 3 / 7) + 19h + 5min + 9s;
-        for (const char* field : {"2021-03-07 14:05:09 +0000", "2021.03.07 14:05:09 +0000",
-                                  "2021-03-07 14:05:09", "2021.03.07 +0000 14:05:09 +0000"})
+        for (const char* field :
+             {"2021-03-07 14:05:09 +0000", "2021.03.07 14:05:09 +0000", "2021-03-07 14:05:09",
+              "2021.03.07 +0000 14:05:09 +0000", "2021-3-7 14:5:9 +0000", "2021.3.07 14:05:9"})
             EXPECT_EQ(read(field), date) << locale << field;
         EXPECT_TRUE(read("2021-03-14 02:30:00 +0000")) << "skipped by daylight saving";
         for (const char* field : {"", " +0000", "2021.03-07 14:05:09", "2021-03-07 14:05:09 +0100",
                                   "2021-03-07", "2021-02-30 14:05:09 +0000", "2021-03-07 24:00:00",
-                                  "0000-03-07 14:05:09", "yesterday"})
+                                  "99999-03-07 14:05:09", "yesterday"})
             EXPECT_FALSE(read(field)) << locale << field;
+        // The first and the last day here and elsewhere, as an export writes them.
+        for (const Date day : {sys_days(0y / 12 / 31) + 14h, sys_days(10000y / 1 / 1) + 4h}) {
+            const auto local = readDate(formatUtc(day), newYork);
+            ASSERT_TRUE(local) << locale;
+            Environment utc = newYork;
+            utc.timeZone = QStringLiteral("UTC");
+            EXPECT_EQ(wallTime(*local, newYork), wallTime(day, utc));
+        }
     }
 }

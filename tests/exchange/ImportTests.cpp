@@ -80,6 +80,8 @@ TEST_F(Import, MergesQuotesAndTopicsAndReturns) {
                                      "a^b^-^-^-"})); // a topic line with two fields is a quote too
     EXPECT_EQ(topics(), QStringList({"O'Brien", "Hope", "b", "Hope"}));
     EXPECT_FALSE(application.context().hasChanges());
+    EXPECT_EQ(screen->theAuthor, "Hope"); // of the last line, which is no quote
+    EXPECT_EQ(screen->theCategory, "");
 
     AlertController* alert = presentedAlert(*screen);
     ASSERT_TRUE(alert);

@@ -1,9 +1,13 @@
 #include "foundation/Date.h"
 #include "foundation/Environment.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTimeZone>
 
+#include <array>
 #include <gtest/gtest.h>
+#include <map>
 
 using namespace std::chrono_literals;
 using std::chrono::sys_days;
@@ -134,4 +138,35 @@ TEST(Environment, OfThisDeviceKnowsItsTimeZoneAndLocale) {
     const WallTime shown = wallTime(Date(1'614'600'000'000ms), here);
     EXPECT_EQ(shown.timeOfDay.count(), local.time().msecsSinceStartOfDay());
     EXPECT_EQ(here.systemVersion, (SystemVersion{17, 0}));
+}
+
+TEST(Environment, TakesZonesFromFilesAndTheLocaleOfDates) {
+    const std::array variables{"TZ", "LC_ALL", "LC_TIME", "LANG"};
+    std::map<const char*, QByteArray> before;
+    for (const char* variable : variables)
+        before[variable] = qgetenv(variable);
+    const auto zone = [](const QByteArray& setting) {
+        qputenv("TZ", setting);
+        return Environment::ofThisDevice().timeZone;
+    };
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(QStringLiteral("zone"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral("/usr/share/zoneinfo/Asia/Kolkata"), copy));
+    EXPECT_EQ(zone("/usr/share/zoneinfo/Europe/Berlin"), "Europe/Berlin");
+    EXPECT_EQ(zone(":/usr/share/zoneinfo/posix/Pacific/Chatham"), "Pacific/Chatham");
+    const Environment kolkata = environment("en", zone(copy.toLatin1()).toLatin1().constData());
+    EXPECT_EQ(wallTime(Date(), kolkata).timeOfDay, 5h + 30min);
+
+    const auto locale = [](const char* all, const char* time, const char* language) {
+        qputenv("LC_ALL", all);
+        qputenv("LC_TIME", time);
+        qputenv("LANG", language);
+        return Environment::ofThisDevice().locale;
+    };
+    EXPECT_EQ(locale("", "de_DE.UTF-8", "en_US.UTF-8"), "de_DE");
+    EXPECT_EQ(locale("fr_FR", "de_DE.UTF-8", "en_US.UTF-8"), "fr_FR");
+    EXPECT_EQ(locale("", "", "nl_NL.UTF-8"), "nl_NL");
+    EXPECT_EQ(locale("", "C.UTF-8", "nl_NL.UTF-8"), "en_US_POSIX");
+    for (const char* variable : variables)
+        before[variable].isEmpty() ? qunsetenv(variable) : qputenv(variable, before[variable]);
 }

@@ -64,7 +64,9 @@ TEST(DecodeText, ReplacesStrayBytes) {
         << "half a character";
     const QByteArray halfPair("a\0\x3D\xD8\x62\0", 6);
     EXPECT_EQ(decodeText(halfPair), QStringLiteral("a\uFFFDb"));
-    EXPECT_EQ(decodeText(QByteArray(66, '.') + '\0'), QString(66, u'.') + QChar(u'\0'));
+    const QByteArray withNuls("[QUOTECOLLECTION]\nA^\xC3\x89t\xC3\xA9^S^^1\0002\0003\0004\0005\n",
+                              39);
+    EXPECT_EQ(decodeText(withNuls), QString::fromUtf8(withNuls)) << "what is UTF-8 is no UTF-16";
 }
 
 TEST(ReadTextFile, ReadsRegularFilesOnly) {

@@ -76,9 +76,14 @@ TEST_F(UserDefaultsTest, KeepBooleansAsWords) {
     EXPECT_EQ(defaults.object(key), QStringLiteral("true"));
     defaults.setBool(key, false);
     EXPECT_FALSE(defaults.boolForKey(key));
-    for (const char* text : {"", "yes", "1", "TRUE"}) {
+    for (const char* text : {"yes", "1", "TRUE", "Y", " 02"}) {
         defaults.setText(key, QString::fromLatin1(text));
-        EXPECT_THROW(defaults.boolForKey(key), FatalError) << text;
+        EXPECT_TRUE(defaults.boolForKey(key)) << text;
+        EXPECT_THROW(defaults.strictBoolForKey(key), FatalError) << text;
+    }
+    for (const char* text : {"", "no", "0", "off", "maybe"}) {
+        defaults.setText(key, QString::fromLatin1(text));
+        EXPECT_FALSE(defaults.boolForKey(key)) << text;
     }
     setFatalErrorHandler(nullptr);
 }
@@ -148,7 +153,7 @@ TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndFoldersThatGo) {
     ::setrlimit(RLIMIT_FSIZE, &limited);
     countWarnings();
     defaults.setText(key, QStringLiteral("new"));
-    defaults.synchronize();
+    EXPECT_FALSE(defaults.synchronize());
     EXPECT_EQ(warnings(), 1);
     ::setrlimit(RLIMIT_FSIZE, &unlimited);
     std::signal(SIGXFSZ, handler);
@@ -156,7 +161,7 @@ TEST_F(UserDefaultsTest, SurviveADiskThatFillsUpAndFoldersThatGo) {
     EXPECT_EQ(defaults.object(key), QStringLiteral("new")) << "the program goes on with it";
 
     countWarnings();
-    defaults.synchronize();
+    EXPECT_TRUE(defaults.synchronize());
     EXPECT_EQ(contents(m_path), "[General]\nDefaultDate=new\n");
     QDir(QFileInfo(m_path).path()).removeRecursively();
     defaults.setText(key, QStringLiteral("newer"));

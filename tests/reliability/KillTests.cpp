@@ -505,10 +505,10 @@ protected:
             << names.size() << " names";
 
         const UserDefaults defaults(copy.filePath(QStringLiteral("settings/Lantern.ini")));
-        const bool usesDefaultDate = defaults.boolForKey(useDefaultDate);
+        const bool usesDefaultDate = defaults.strictBoolForKey(useDefaultDate);
         EXPECT_TRUE(usesDefaultDate == m_model.usesDefaultDate ||
                     usesDefaultDate == after.usesDefaultDate);
-        const bool hasLaunched = defaults.boolForKey(launchedBefore);
+        const bool hasLaunched = defaults.strictBoolForKey(launchedBefore);
         EXPECT_TRUE(hasLaunched == m_model.hasLaunched || hasLaunched == after.hasLaunched);
 
         container.reset();
@@ -553,8 +553,9 @@ protected:
         const QString text = QString::fromUtf8(*bytes);
         EXPECT_TRUE(text.endsWith(u'\n'));
         EXPECT_TRUE(readQuoteLines(text, [&result](const QuoteLine& line) {
-            result.insert(
-                QStringList({line.author, line.topic, line.source, line.quote}).join(u'^'));
+            if (!line.topic.isEmpty())
+                result.insert(
+                    QStringList({line.author, line.topic, line.source, line.quote}).join(u'^'));
         }));
         readTopicNames(text, [&result](const QString& topic) { result.insert(topic); });
         return result;

@@ -38,7 +38,6 @@ TEST_F(Settings, FirstOpeningStoresOneFalse) {
     EXPECT_EQ(stored("UseDefaultDate"), "false");
     EXPECT_EQ(stored("DefaultDate"), "(absent)");
     EXPECT_EQ(styles(), QStringList({"(absent)", "(absent)", "(absent)"}));
-    load();
     EXPECT_TRUE(screen->DefaultDateLabel->isHidden());
     EXPECT_TRUE(screen->DefaultDateTextField->isHidden());
 }
@@ -111,11 +110,30 @@ TEST_F(Settings, HidesStylesThatTheSystemLacks) {
     EXPECT_TRUE(screen->SelectDPLabel->isHidden());
 }
 
-TEST_F(Settings, EndTheProgramAtWhatIsNoBooleanOrNoDate) {
+TEST_F(Settings, ATypedDateIsKeptOnceItCanBeRead) {
+    load();
+    screen->dateTextField->beginEditing();
+    screen->dateTextField->enter(QStringLiteral("Mar 3, 2001"));
+    EXPECT_EQ(stored("DefaultDate"), "Mar 3, 2001");
+    EXPECT_EQ(screen->datePickerView->year(), 2001);
+    screen->dateTextField->enter(QStringLiteral("Mar 3, 2001, or"));
+    screen->dismissKeyboard();
+    EXPECT_EQ(screen->dateTextField->text(), "Mar 3, 2001");
+    screen->dateTextField->beginEditing(); // which a text that none can read would end the program
+    screen->datePickerView->choose(2002, 1, 1);
+    screen->dateTextField->pressReturn();
+    EXPECT_FALSE(screen->dateTextField->isEditing());
+    EXPECT_EQ(stored("DefaultDate"), "Jan 1, 2002");
+}
+
+TEST_F(Settings, EndTheProgramAtWhatIsNoBooleanNoTextOrNoDate) {
     application.userDefaults.setText(QStringLiteral("UseDefaultDate"), QStringLiteral("maybe"));
     EXPECT_EQ(fatalMessageOf([&] { load(); }),
               "The setting UseDefaultDate is not a boolean: maybe");
     application.userDefaults.setBool(QStringLiteral("UseDefaultDate"), true);
+    application.userDefaults.setInteger(QStringLiteral("DefaultDate"), 20210105);
+    EXPECT_EQ(fatalMessageOf([&] { load(); }), "The setting DefaultDate is not a text: 20210105");
+    application.userDefaults.setText(QStringLiteral("DefaultDate"), QLatin1String(""));
     load();
     screen->dateTextField->setText(QStringLiteral("soon"));
     EXPECT_EQ(fatalMessageOf([&] { screen->dateTextField->beginEditing(); }),

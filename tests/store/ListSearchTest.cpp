@@ -58,6 +58,12 @@ TEST_F(ListSearchTest, LowersTheWholeOfUnicodeAndStripsNoAccents) {
     EXPECT_EQ(found(list, QStringLiteral("\U00010428")), std::vector{deseret});
     EXPECT_TRUE(found(list, QString(QChar(0xd801))).empty()) << "half a character";
     EXPECT_EQ(found(list, QString(QChar(u'\0')) + u'b'), std::vector{withNul});
+    const std::vector<Event*> greek{insert(QStringLiteral("ΛΟΓΟΣ")),
+                                    insert(QStringLiteral("λόγος")),
+                                    insert(QStringLiteral("ο λογος μου"))};
+    for (const char* text : {"λογο", "λογοσ", "λογος", "ΛΟΓΟΣ"})
+        EXPECT_EQ(found(greek, QString::fromUtf8(text)), (std::vector{greek[0], greek[2]})) << text;
+    EXPECT_EQ(matching({QStringLiteral("ΛΟΓΟΣ")}, QStringLiteral("λογος")).size(), 1);
 }
 
 // Texts of one, two, three and four bytes a character are lowered by ways of their own.
@@ -69,7 +75,9 @@ TEST_F(ListSearchTest, LowersEachCharacterAsTheWholeTextIsLowered) {
             continue;
         const QString text = QString::fromUcs4(&character, 1);
         texts.append(text.toUtf8());
-        expected.push_back(text.toLower().toUtf8());
+        expected.push_back(folded(text).toUtf8());
+        if (text != QStringLiteral("ς"))
+            EXPECT_EQ(expected.back(), text.toLower().toUtf8());
     }
     for (const char* malformed : {"\x80", "\xa2\x80", "\xc1\x81", "\xc3", "\xc3Z", "\xe2\x82",
                                   "\xe0\x83\x89", "\xed\xa0\x80", "\xf0\x90\x90\x80Z"}) {
