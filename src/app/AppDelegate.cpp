@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 
+#include "app/UITextViewWorkaround.h"
 #include "foundation/Date.h"
 #include "foundation/FatalError.h"
 
@@ -42,7 +43,7 @@ void AppDelegate::saveContext() {
 }
 
 bool AppDelegate::didFinishLaunchingWithOptions() {
-    installTextViewFix(services.classes, services.environment.systemVersion);
+    UITextViewWorkaround::executeWorkaround(services.classes, services.environment.systemVersion);
     return true;
 }
 
@@ -59,13 +60,4 @@ std::unique_ptr<PersistentContainer> makePersistentContainer(const Services& ser
     };
     return std::make_unique<PersistentContainer>(QStringLiteral("Lantern"), services.storeFolder,
                                                  today);
-}
-
-void installTextViewFix(ClassRuntime& classes, const SystemVersion& version) {
-    const auto name = QStringLiteral("_UITextLayoutView");
-    if (version >= SystemVersion{13, 2} || classes.getClass(name))
-        return;
-    if (!classes.allocateClassPair(QStringLiteral("View"), name))
-        fatalError(QStringLiteral("The class %1 cannot be made").arg(name));
-    classes.registerClassPair(name);
 }

@@ -33,6 +33,3 @@ private:
 
 /** A new container on the program's store. */
 std::unique_ptr<PersistentContainer> makePersistentContainer(const Services& services);
-
-/** Gives text views the layout class that systems before 13.2 lack. */
-void installTextViewFix(ClassRuntime& classes, const SystemVersion& version);

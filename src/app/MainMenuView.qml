@@ -27,7 +27,7 @@ FormPage {
     PushButton {
         Layout.fillWidth: true
         Layout.bottomMargin: Theme.margin
-        control: root.controller.MenuButton
+        control: root.controller.menuButton
         focus: true
     }
 

@@ -36,8 +36,7 @@ void deleteAll(const Services& services) {
 } // namespace
 
 MainMenuViewController::MainMenuViewController(AppDelegate& application)
-    : MenuButton(new Button(this, QStringLiteral("Menu")))
-    , QuoteListButton(new Button(this, QStringLiteral("Quote List")))
+    : QuoteListButton(new Button(this, QStringLiteral("Quote List")))
     , QuoteListByGroupsButton(new Button(this, QStringLiteral("Quotes by Group")))
     , AddNewQuoteButton(new Button(this, QStringLiteral("Add New Quote")))
     , TopicsButton(new Button(this, QStringLiteral("Topics")))
@@ -46,8 +45,9 @@ MainMenuViewController::MainMenuViewController(AppDelegate& application)
     , RateShareButton(new Button(this, QStringLiteral("Rate/Share")))
     , DefaultButton(new Button(this, QStringLiteral("Settings")))
     , userDefaults(application.services.userDefaults)
+    , m_menuButton(new Button(this, QStringLiteral("Menu")))
     , m_application(application) {
-    connect(MenuButton, &Button::touchUpInside, this, &MainMenuViewController::handleSelection);
+    connect(m_menuButton, &Button::touchUpInside, this, &MainMenuViewController::handleSelection);
 }
 
 void MainMenuViewController::viewDidLoad() {

@@ -12,7 +12,7 @@ class MainMenuViewController : public ViewController {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Storyboards make controllers")
-    Q_PROPERTY(Button* MenuButton MEMBER MenuButton CONSTANT)
+    Q_PROPERTY(Button* menuButton READ menuButton CONSTANT)
     Q_PROPERTY(QList<QObject*> menuOptionsButton READ shownOptions CONSTANT)
 
 public:
@@ -20,7 +20,6 @@ public:
 
     /** The options that show and hide together, in order; the interface fills it. */
     QList<Button*> menuOptionsButton;
-    Button* const MenuButton;
     Button* const QuoteListButton;
     Button* const QuoteListByGroupsButton;
     Button* const AddNewQuoteButton;
@@ -39,6 +38,7 @@ public:
     void viewWillAppear() override;
     void prepareForSegue(Segue& segue, QObject* sender) override;
     /** Shows the options that are hidden and hides those that show, in 0.3 seconds. */
+    Button* menuButton() const { return m_menuButton; }
     void handleSelection();
     Q_INVOKABLE void unwindToMainMenuWithSegue(Segue* segue);
 
@@ -46,5 +46,6 @@ private:
     void rebuildNamesAtFirstLaunch();
     QList<QObject*> shownOptions() const;
 
+    Button* const m_menuButton;
     AppDelegate& m_application;
 };

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <unicode/basictz.h>
+#include <unicode/dtptngen.h>
 #include <unicode/gregocal.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/tztrans.h>
@@ -103,6 +104,37 @@ const icu::DateFormat& patternFormat(const QString& pattern, const QString& loca
     return *format;
 }
 
+QString toQt(const icu::UnicodeString& text) {
+    return QString::fromUtf16(text.getBuffer(), text.length());
+}
+
+QString format(LocalTime time, const icu::DateFormat& format) {
+    icu::UnicodeString text;
+    format.format(double(time.time_since_epoch().count()), text);
+    return toQt(text);
+}
+
+/** The pattern of a locale for parts of a date. */
+const QString& patternOfParts(const QString& parts, const QString& locale) {
+    thread_local std::map<std::pair<QString, QString>, QString> patterns;
+    QString& pattern = patterns[{locale, parts}];
+    if (pattern.isEmpty()) {
+        UErrorCode status = U_ZERO_ERROR;
+        icu::Locale gregorian(locale.toLatin1().constData());
+        gregorian.setKeywordValue("calendar", "gregorian", status);
+        const std::unique_ptr<icu::DateTimePatternGenerator> generator(
+            icu::DateTimePatternGenerator::createInstance(gregorian, status));
+        pattern = toQt(generator->getBestPattern(toIcu(parts), status));
+    }
+    return pattern;
+}
+
+LocalTime midnightOf(const WallTime& day) {
+    return std::chrono::local_days(std::chrono::year_month_day{
+        std::chrono::year(day.year), std::chrono::month(unsigned(day.month)),
+        std::chrono::day(unsigned(day.day))});
+}
+
 std::optional<LocalTime> parse(const QString& text, const icu::DateFormat& format) {
     using namespace std::chrono_literals;
     constexpr LocalTime beginning = std::chrono::local_days(1y / 1 / 1);
@@ -126,9 +158,7 @@ std::optional<LocalTime> parse(const QString& text, const icu::DateFormat& forma
 
 QString formatDate(Date date, DateStyle style, const Environment& environment) {
     const LocalTime time = toLocalTime(date, timeZone(environment.timeZone));
-    icu::UnicodeString text;
-    styleFormat(style, environment.locale).format(double(time.time_since_epoch().count()), text);
-    return QString::fromUtf16(text.getBuffer(), text.length());
+    return format(time, styleFormat(style, environment.locale));
 }
 
 QString formatUtc(Date date) {
@@ -175,9 +205,29 @@ WallTime wallTime(Date date, const Environment& environment) {
     return {int(day.year()), int(unsigned(day.month())), int(unsigned(day.day())), time - midnight};
 }
 
+QString formatParts(const WallTime& day, const QString& parts, const Environment& environment) {
+    return format(midnightOf(day),
+                  patternFormat(patternOfParts(parts, environment.locale), environment.locale));
+}
+
+QString formatNumber(int number, const Environment& environment) {
+    icu::UnicodeString text;
+    styleFormat(DateStyle::Long, environment.locale)
+        .getNumberFormat()
+        ->format(int32_t(number), text);
+    return toQt(text);
+}
+
+QString orderOfDate(const Environment& environment) {
+    QString order;
+    for (const QChar letter : patternOfParts(QStringLiteral("yMMMMd"), environment.locale)) {
+        const QChar part = letter == u'L' ? QChar(u'M') : letter;
+        if (QStringLiteral("yMd").contains(part) && !order.contains(part))
+            order += part;
+    }
+    return order.size() == 3 ? order : QStringLiteral("yMd");
+}
+
 Date dateFromWallTime(const WallTime& time, const Environment& environment) {
-    const std::chrono::year_month_day day{std::chrono::year(time.year),
-                                          std::chrono::month(unsigned(time.month)),
-                                          std::chrono::day(unsigned(time.day))};
-    return toDate(std::chrono::local_days(day) + time.timeOfDay, timeZone(environment.timeZone));
+    return toDate(midnightOf(time) + time.timeOfDay, timeZone(environment.timeZone));
 }

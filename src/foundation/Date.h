@@ -45,5 +45,15 @@ struct WallTime {
 
 WallTime wallTime(Date date, const Environment& environment);
 
+/** Parts of a day of the Gregorian calendar, such as "yMMMM" for month and year (a skeleton of
+ * Unicode TR 35), in the order, words and digits of the environment's locale. */
+QString formatParts(const WallTime& day, const QString& parts, const Environment& environment);
+
+/** A number in the digits that dates have in the environment's locale. */
+QString formatNumber(int number, const Environment& environment);
+
+/** The order in which dates have year, month and day in the environment's locale: "Mdy", say. */
+QString orderOfDate(const Environment& environment);
+
 /** Skipped and repeated times as in parseDatePattern. */
 Date dateFromWallTime(const WallTime& time, const Environment& environment);

@@ -45,6 +45,7 @@ public:
     explicit AuthorTableViewController(AppDelegate& application);
 
     NameList list;
+    std::int64_t& NumberOfAuthors = list.numberOfQuotes;
     QStringList& AuthorList = list.names;
     QStringList& FilteredAuthorList = list.filteredNames;
 
@@ -62,6 +63,7 @@ public:
     explicit SourceTableViewController(AppDelegate& application);
 
     NameList list;
+    std::int64_t& NumberOfSources = list.numberOfQuotes;
     QStringList& SourceList = list.names;
     QStringList& FilteredSourceList = list.filteredNames;
 
@@ -79,6 +81,7 @@ public:
     explicit TopicTableViewController(AppDelegate& application);
 
     NameList list;
+    std::int64_t& NumberOfTopics = list.numberOfQuotes;
     QStringList& TopicList = list.names;
     QStringList& FilteredTopicList = list.filteredNames;
 

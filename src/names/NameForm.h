@@ -23,10 +23,12 @@ bool isNameEntered(ViewController& form, const QString& name, const char* cancel
 
 /** Adds a name as it was typed, also where there is one like it, and goes back to the list. */
 template <class Record>
-void addName(ViewController& form, AppDelegate& application, const QString& name) {
+void addName(ViewController& form, AppDelegate& application, const QString& name,
+             ManagedObjectContext*& managedObjectContext) {
     if (!isNameEntered<Record>(form, name, "Insert New"))
         return;
     ManagedObjectContext& context = application.persistentContainer().viewContext();
+    managedObjectContext = &context;
     (context.insert<Record>()->*NameKind<Record>::set)(name);
     if (const auto error = context.save())
         qCWarning(lcNames) << error->description;
@@ -38,6 +40,7 @@ void addName(ViewController& form, AppDelegate& application, const QString& name
 template <class Record>
 struct NameEdit {
     QString oldName;
+    ManagedObjectContext* managedObjectContext = nullptr; ///< from a save on
     qsizetype ResultsCount = 0;
     std::optional<std::vector<Record*>> Results;
 };
@@ -60,6 +63,7 @@ void saveNameEdit(ViewController& form, AppDelegate& application, NameEdit<Recor
     if (!isNameEntered<Record>(form, name, "Edit"))
         return;
     ManagedObjectContext& context = application.persistentContainer().viewContext();
+    edit.managedObjectContext = &context;
     auto request = Record::fetchRequest();
     request.returnsObjectsAsFaults = false;
     request.predicate = NameKind<Record>::name == edit.oldName;

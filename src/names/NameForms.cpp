@@ -9,7 +9,7 @@ void AddAuthorViewController::viewDidLoad() {
 }
 
 void AddAuthorViewController::SaveAuthor() {
-    addName<Authors>(*this, m_application, AuthorTextField->text());
+    addName<Authors>(*this, m_application, AuthorTextField->text(), managedObjectContext);
 }
 
 AddSourceViewController::AddSourceViewController(AppDelegate& application)
@@ -21,7 +21,7 @@ void AddSourceViewController::viewDidLoad() {
 }
 
 void AddSourceViewController::SaveSource() {
-    addName<Sources>(*this, m_application, SourceTextField->text());
+    addName<Sources>(*this, m_application, SourceTextField->text(), managedObjectContext);
 }
 
 TopicViewController::TopicViewController(AppDelegate& application)
@@ -48,7 +48,7 @@ void TopicViewController::dismissKeyboard() {
 }
 
 void TopicViewController::SaveTopic() {
-    addName<Topics>(*this, m_application, TopicTextField->text());
+    addName<Topics>(*this, m_application, TopicTextField->text(), managedObjectContext);
 }
 
 EditAuthorViewController::EditAuthorViewController(AppDelegate& application)

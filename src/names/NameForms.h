@@ -13,6 +13,7 @@ public:
     explicit AddAuthorViewController(AppDelegate& application);
 
     TextField* const AuthorTextField;
+    ManagedObjectContext* managedObjectContext = nullptr; ///< from a save on
 
     void viewDidLoad() override;
     void SaveAuthor();
@@ -31,6 +32,7 @@ public:
     explicit AddSourceViewController(AppDelegate& application);
 
     TextField* const SourceTextField;
+    ManagedObjectContext* managedObjectContext = nullptr; ///< from a save on
 
     void viewDidLoad() override;
     void SaveSource();
@@ -50,6 +52,7 @@ public:
 
     TextField* const TopicTextField;
     Button* const SaveButton;
+    ManagedObjectContext* managedObjectContext = nullptr; ///< from a save on
 
     void viewDidLoad() override;
     void touchesBegan() override;

@@ -58,6 +58,7 @@ void NameList::load() {
     if (result.error)
         qCWarning(lcNames) << result.error->description;
     QuoteList = std::move(result.records);
+    numberOfQuotes = std::int64_t(QuoteList.size());
 
     QStringList current = distinctNames(QuoteList, m_kind.field);
     const QSet<QString> isCurrent(current.begin(), current.end());

@@ -27,6 +27,7 @@ public:
     BarButtonItem* const SortButton;
     SearchController* const searchController;
     std::vector<Event*> QuoteList;
+    std::int64_t numberOfQuotes = 0; ///< of the last load
     QStringList names;
     QStringList filteredNames;
     std::optional<bool> SortAsc;

@@ -8,6 +8,7 @@
 #include "shared/CommonLook.h"
 #include "toolkit/TableViewController.h"
 
+#include <type_traits>
 #include <vector>
 
 /** A count over the rows, on a grey ground. */
@@ -38,6 +39,8 @@ public:
     ManagedObjectContext& context;
     std::vector<Record*> records;
     QStringList namesOfQuotes;
+    QStringList presentNames; ///< of the records of sources that have one
+    ManagedObjectContext* managedObjectContext = nullptr;
 
     /** Where there is no record yet, makes one of each name that the quotes have. */
     void viewDidLoad() override {
@@ -53,7 +56,15 @@ public:
     void viewWillAppear() override { load(); }
 
     void load() {
+        managedObjectContext = &context;
         records = sortedRecords<Record>(context, {{NameKind<Record>::name, true}});
+        if constexpr (std::is_same_v<Record, Sources>) {
+            presentNames.clear();
+            for (const Record* record : records) {
+                if (const auto name = record->name())
+                    presentNames.append(*name);
+            }
+        }
         m_screen.tableView()->reloadData();
     }
 

@@ -18,6 +18,7 @@ NewSourceTableViewController::NewSourceTableViewController(AppDelegate& applicat
 
 void NewSourceTableViewController::viewWillDisappear() {
     SourceList.clear();
+    SourceStringList.clear();
 }
 
 TableViewCell* NewSourceTableViewController::cellForRowAtIndexPath(int row) {

@@ -34,6 +34,7 @@ public:
     NameRecordList<Authors> list;
     std::vector<Authors*>& AuthorList = list.records;
     QStringList& NewAuthorsList = list.namesOfQuotes;
+    ManagedObjectContext*& managedObjectContext = list.managedObjectContext;
 
     TableViewCell* cellForRowAtIndexPath(int row) override;
     Q_INVOKABLE void unwindToAuthorListWithSegue(Segue* segue);
@@ -51,6 +52,8 @@ public:
     NameRecordList<Sources> list;
     std::vector<Sources*>& SourceList = list.records;
     QStringList& SourcesList = list.namesOfQuotes;
+    QStringList& SourceStringList = list.presentNames;
+    ManagedObjectContext*& managedObjectContext = list.managedObjectContext;
 
     void viewWillDisappear() override;
     TableViewCell* cellForRowAtIndexPath(int row) override;

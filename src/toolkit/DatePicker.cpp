@@ -21,6 +21,23 @@ void DatePicker::setStyle(Style style) {
     Q_EMIT styleChanged();
 }
 
+QString DatePicker::text() const {
+    return formatDate(m_date, DateStyle::Long, m_environment);
+}
+
+QString DatePicker::order() const {
+    return orderOfDate(m_environment);
+}
+
+QString DatePicker::monthTitle(int year, int month) const {
+    return formatParts({year, month, 1}, QStringLiteral("yMMMM"), m_environment);
+}
+
+QString DatePicker::dayTitle(int month, int day) const {
+    constexpr int leapYear = 2000; // which has all days
+    return formatParts({leapYear, month, day}, QStringLiteral("MMMMd"), m_environment);
+}
+
 QStringList DatePicker::monthNames() const {
     const QLocale locale(m_environment.locale);
     QStringList names;

@@ -14,6 +14,8 @@ class DatePicker : public View {
     Q_PROPERTY(int year READ year NOTIFY dateChanged)
     Q_PROPERTY(int month READ month NOTIFY dateChanged)
     Q_PROPERTY(int day READ day NOTIFY dateChanged)
+    Q_PROPERTY(QString text READ text NOTIFY dateChanged)
+    Q_PROPERTY(QString order READ order CONSTANT)
     Q_PROPERTY(QStringList monthNames READ monthNames CONSTANT)
     Q_PROPERTY(QStringList weekdayNames READ weekdayNames CONSTANT)
     Q_PROPERTY(int firstWeekday READ firstWeekday CONSTANT)
@@ -34,10 +36,17 @@ public:
     int year() const { return wallTime(m_date, m_environment).year; }
     int month() const { return wallTime(m_date, m_environment).month; }
     int day() const { return wallTime(m_date, m_environment).day; }
+    QString text() const;             ///< the date as its field shows it, in the long style
+    QString order() const;            ///< of year, month and day: "Mdy", say
     QStringList monthNames() const;   ///< January first, in the device's language
     QStringList weekdayNames() const; ///< short, Monday first
     int firstWeekday() const;         ///< 1 is Monday
 
+    /** A number in the locale's digits. */
+    Q_INVOKABLE QString number(int number) const { return formatNumber(number, m_environment); }
+    /** A month with its year, and a day with its month, in the locale's order. */
+    Q_INVOKABLE QString monthTitle(int year, int month) const;
+    Q_INVOKABLE QString dayTitle(int month, int day) const;
     /** The number of days that a month has. */
     Q_INVOKABLE int daysInMonth(int year, int month) const;
     /** The weekday of a day; 1 is Monday. */

@@ -35,8 +35,7 @@ FocusScope {
             rightPadding: Theme.margin
             visible: !root.unfolded
             focus: visible
-            text: root.picker.day + " " + root.picker.monthNames[root.picker.month - 1] + " "
-                  + root.picker.year
+            text: root.picker.text
             objectName: root.picker.accessibilityLabel
             Accessible.name: root.picker.accessibilityLabel
             Accessible.description: text

@@ -4,19 +4,31 @@ import QtQuick
 import QtQuick.Layouts
 import Lantern
 
-/** A date as three wheels: day, month and year. */
+/** A date as three wheels: day, month and year, in the locale's order. */
 FocusScope {
     id: root
 
     required property ToolkitDatePicker picker
 
-    function showDate(): void {
-        days.show(picker.day - 1);
-        months.show(picker.month - 1);
-        years.show(picker.year - 1);
+    readonly property list<string> names: [qsTr("Day"), qsTr("Month"), qsTr("Year")]
+
+    function kindAt(index: int): int {
+        return "dMy".indexOf(picker.order.charAt(index));
     }
 
-    implicitHeight: wheels.implicitHeight
+    function showDate(): void {
+        const rows = [picker.day - 1, picker.month - 1, picker.year - 1];
+        for (let i = 0; i < wheels.count; ++i)
+            (wheels.itemAt(i) as Wheel).show(rows[kindAt(i)]);
+    }
+
+    function choose(kind: int, row: int): void {
+        const date = [picker.day, picker.month, picker.year];
+        date[kind] = row + 1;
+        picker.choose(date[2], date[1], date[0]);
+    }
+
+    implicitHeight: row.implicitHeight
     Component.onCompleted: showDate()
 
     Connections {
@@ -31,61 +43,43 @@ FocusScope {
         target: Editing
 
         function onTurned(steps: int) {
-            days.turn(steps);
+            (wheels.itemAt(root.picker.order.indexOf("d")) as Wheel).turn(steps);
         }
     }
 
     RowLayout {
-        id: wheels
+        id: row
 
         anchors.fill: parent
         spacing: Theme.gap
 
-        Wheel {
-            id: days
+        Repeater {
+            id: wheels
 
-            Layout.preferredWidth: 72
-            focus: true
-            name: qsTr("Day")
-            model: 31
-            onTurned: row => root.picker.choose(root.picker.year, root.picker.month, row + 1)
+            model: 3
 
-            delegate: WheelRow {
+            Wheel {
+                id: wheel
+
                 required property int index
+                readonly property int kind: root.kindAt(index)
 
-                text: index + 1
-                color: index < root.picker.daysInMonth(root.picker.year, root.picker.month)
-                       ? Theme.ink : Theme.line
-            }
-        }
+                Layout.fillWidth: kind === 1
+                Layout.preferredWidth: [72, 120, 96][kind]
+                focus: kind === 0
+                name: root.names[kind]
+                model: [31, 12, 9999][kind]
+                onTurned: row => root.choose(kind, row)
 
-        Wheel {
-            id: months
+                delegate: WheelRow {
+                    required property int index
+                    readonly property bool exists: wheel.kind !== 0
+                        || index < root.picker.daysInMonth(root.picker.year, root.picker.month)
 
-            Layout.fillWidth: true
-            name: qsTr("Month")
-            model: root.picker.monthNames
-            onTurned: row => root.picker.choose(root.picker.year, row + 1, root.picker.day)
-
-            delegate: WheelRow {
-                required property string modelData
-
-                text: modelData
-            }
-        }
-
-        Wheel {
-            id: years
-
-            Layout.preferredWidth: 96
-            name: qsTr("Year")
-            model: 9999
-            onTurned: row => root.picker.choose(row + 1, root.picker.month, root.picker.day)
-
-            delegate: WheelRow {
-                required property int index
-
-                text: index + 1
+                    text: wheel.kind === 1 ? root.picker.monthNames[index]
+                                           : root.picker.number(index + 1)
+                    color: exists ? Theme.ink : Theme.line
+                }
             }
         }
     }

@@ -84,7 +84,7 @@ FocusScope {
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: Theme.captionFont
                 elide: Text.ElideRight
-                text: root.picker.monthNames[root.month - 1] + " " + root.year
+                text: root.picker.monthTitle(root.year, root.month)
                 font.bold: true
                 horizontalAlignment: Text.AlignHCenter
             }
@@ -155,11 +155,11 @@ FocusScope {
                     Layout.preferredWidth: 1
                     Layout.preferredHeight: Theme.touchTarget
                     shown: day >= 1 && day <= root.dayCount
-                    text: day
+                    text: root.picker.number(day)
                     chosen: root.year === root.picker.year && root.month === root.picker.month
                             && day === root.picker.day
                     ringed: chosen && grid.activeFocus
-                    objectName: text + " " + root.picker.monthNames[root.month - 1]
+                    objectName: shown ? root.picker.dayTitle(root.month, day) : ""
                     Accessible.name: objectName
                     onClicked: root.picker.choose(root.year, root.month, day)
                 }

@@ -1,4 +1,5 @@
 #include "app/AppDelegate.h"
+#include "app/UITextViewWorkaround.h"
 #include "support/TestApplication.h"
 
 #include <QFile>
@@ -68,18 +69,21 @@ TEST(AppDelegate, EndsTheProgramWhenTheStoreIsTakenAway) {
 TEST(TextViewFix, RegistersTheClassOnceOnOldSystemsOnly) {
     const auto name = QStringLiteral("_UITextLayoutView");
     ClassRuntime classes;
-    installTextViewFix(classes, {17, 0});
-    installTextViewFix(classes, {13, 2});
+    UITextViewWorkaround::executeWorkaround(classes, {17, 0});
+    UITextViewWorkaround::executeWorkaround(classes, {13, 2});
     EXPECT_FALSE(classes.getClass(name));
-    installTextViewFix(classes, {13, 1});
+    UITextViewWorkaround::executeWorkaround(classes, {13, 1});
     EXPECT_TRUE(classes.getClass(name));
-    installTextViewFix(classes, {13, 1});
+    UITextViewWorkaround::executeWorkaround(classes, {13, 1});
     EXPECT_TRUE(classes.getClass(name));
 
     ClassRuntime occupied;
     occupied.allocateClassPair(QStringLiteral("View"), name);
     const TestApplication application;
-    EXPECT_NE(fatalMessageOf([&] { installTextViewFix(occupied, {12, 0}); }), "");
+    EXPECT_NE(fatalMessageOf([&] {
+                  UITextViewWorkaround::executeWorkaround(occupied, {12, 0});
+              }),
+              "");
 }
 
 } // namespace

@@ -104,11 +104,11 @@ TEST(MainMenu, OptionsShowAndHideTogether) {
     EXPECT_EQ(menu.ImportButton->borderWidth(), 2);
     menu.viewWillAppear();
     EXPECT_TRUE(menu.QuoteListButton->isHidden());
-    menu.MenuButton->press();
+    menu.menuButton()->press();
     EXPECT_FALSE(menu.QuoteListButton->isHidden());
     EXPECT_FALSE(menu.ImportButton->isHidden());
     EXPECT_EQ(menu.ImportButton->hidingDuration(), 0.3);
-    menu.MenuButton->press();
+    menu.menuButton()->press();
     EXPECT_TRUE(menu.QuoteListButton->isHidden());
     EXPECT_TRUE(menu.ImportButton->isHidden());
 }

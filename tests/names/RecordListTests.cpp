@@ -100,8 +100,10 @@ TEST_F(RecordLists, HandOnTheChosenNameAndFetchAnewWhenTheyAppear) {
     EXPECT_EQ(application.selection.chosenTopicName, "T");
     addNames(&Sources::setName, {"R"});
     addNames(&Topics::setTopic, {"R"});
+    EXPECT_EQ(sources.SourceStringList, QStringList("S"));
     sources.viewWillDisappear();
     EXPECT_EQ(sources.SourceList.size(), 0U);
+    EXPECT_EQ(sources.SourceStringList, QStringList());
     // The view still shows rows while it slides away.
     EXPECT_NE(sources.tableView()->beginDisplaying(0), nullptr);
     sources.viewWillAppear();

@@ -142,4 +142,23 @@ TEST(DatePicker, ChangesTheDayAndKeepsTheTimeInItsZone) {
     EXPECT_EQ(picker.firstWeekday(), 1);
 }
 
+TEST(DatePicker, TellsDatesInTheLocalesOrderAndDigits) {
+    const auto told = [](const char* locale) {
+        const Environment environment{[] { return Date(1'614'556'740'000ms); },
+                                      QLatin1String(locale), QStringLiteral("UTC")};
+        const DatePicker picker(nullptr, {}, environment);
+        return QStringList({picker.order(), picker.text(), picker.monthTitle(2021, 2),
+                            picker.dayTitle(2, 28), picker.number(2021)});
+    };
+    EXPECT_EQ(told("en_US"),
+              QStringList({"Mdy", "February 28, 2021", "February 2021", "February 28", "2021"}));
+    EXPECT_EQ(told("de_DE"),
+              QStringList({"dMy", "28. Februar 2021", "Februar 2021", "28. Februar", "2021"}));
+    EXPECT_EQ(told("hu_HU"), QStringList({"yMd", QStringLiteral("2021. február 28."),
+                                          QStringLiteral("2021. február"),
+                                          QStringLiteral("február 28."), "2021"}));
+    EXPECT_EQ(told("ar_EG").at(4), QStringLiteral("٢٠٢١"));
+    EXPECT_TRUE(told("ar_EG").at(3).contains(QStringLiteral("٢٨")));
+}
+
 } // namespace

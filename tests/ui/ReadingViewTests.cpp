@@ -151,11 +151,11 @@ TEST_F(ReadingViews, DaysOfCalendarsAreTappedAndTodayIsShown) {
     use("UseDateCompact");
     auto& detail = openDetail();
     pilot->tap(QStringLiteral("Date"));
-    EXPECT_FALSE(pilot->look(QStringLiteral("1 March")));
+    EXPECT_FALSE(pilot->look(QStringLiteral("March 1")));
     pilot->tap(QStringLiteral("Date picker"));
     pilot->tap(QStringLiteral("Previous year"));
     pilot->tap(QStringLiteral("Previous month"));
-    pilot->tap(QStringLiteral("29 February"));
+    pilot->tap(QStringLiteral("February 29"));
     pilot->tap(QStringLiteral("Today"));
     EXPECT_EQ(shown("Date"), "March 1, 2021");
     EXPECT_EQ(detail.form.QuoteDate, Date(std::chrono::milliseconds(1'582'977'600'000)));
@@ -163,7 +163,7 @@ TEST_F(ReadingViews, DaysOfCalendarsAreTappedAndTodayIsShown) {
     use("UseDateInline");
     pilot->tap(QStringLiteral("Date"));
     pilot->tap(QStringLiteral("Next month"));
-    pilot->tap(QStringLiteral("31 March"));
+    pilot->tap(QStringLiteral("March 31"));
     pilot->tap(QStringLiteral("Done"));
     EXPECT_EQ(shown("Date"), "March 31, 2020");
 }
@@ -173,7 +173,7 @@ TEST_F(ReadingViews, SmallestWindowShowsTheFieldAboveRoomyDays) {
     pilot->resize({320, 480});
     openDetail();
     pilot->tap(QStringLiteral("Date"));
-    EXPECT_GE(pilot->find(QStringLiteral("31 March")).height(), 44);
+    EXPECT_GE(pilot->find(QStringLiteral("March 31")).height(), 44);
     const auto top = [&](const char* name) {
         return pilot->find(QLatin1String(name)).mapToScene({0, 0}).y();
     };

@@ -49,7 +49,7 @@ TEST_F(SettingsView, DefaultDateIsPickedInEachStyle) {
 
     pilot->tap(QStringLiteral("Inline"));
     pilot->tap(QStringLiteral("Date"));
-    pilot->tap(QStringLiteral("15 March"));
+    pilot->tap(QStringLiteral("March 15"));
     EXPECT_EQ(stored("DefaultDate"), "Mar 15, 2021");
     pilot->tap(QStringLiteral("Date"));
     pilot->press(Qt::Key_Up);
