@@ -1,5 +1,6 @@
 #include "TextSharing.h"
 
+#include "app/Outcomes.h"
 #include "toolkit/ActivityViewController.h"
 #include "toolkit/AlertController.h"
 
@@ -9,7 +10,8 @@ void shareText(ViewController& screen, AppDelegate& application, const QString& 
                std::vector<ActivityType> excluded) {
     Platform& platform = application.services.platform;
     if (platform.canSendText()) {
-        screen.present(makeActivityViewController(platform, {text}, std::move(excluded)));
+        screen.present(makeActivityViewController(platform, {text}, tellOn(screen, application),
+                                                  std::move(excluded)));
         return;
     }
     application.services.mainQueue.async([screen = QPointer<ViewController>(&screen)] {

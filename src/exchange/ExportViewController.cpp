@@ -1,5 +1,6 @@
 #include "ExportViewController.h"
 
+#include "app/Outcomes.h"
 #include "app/SortedRecords.h"
 #include "exchange/CollectionFile.h"
 #include "foundation/FatalError.h"
@@ -127,7 +128,7 @@ void ExportViewController::SaveToFiles() {
     if (const auto failure = writeTemporaryFile(path, *DataString))
         qCWarning(lcExchange) << failure->description;
     present(makeActivityViewController(
-        m_application.services.platform, {SharedFile{path}},
+        m_application.services.platform, {SharedFile{path}}, tellOn(*this, m_application),
         {ActivityType::AirDrop, ActivityType::AddToReadingList, ActivityType::Mail,
          ActivityType::Message, ActivityType::PostToFacebook, ActivityType::PostToTwitter,
          ActivityType::MarkupAsPDF, ActivityType::CopyToPasteboard, ActivityType::Print}));
@@ -156,7 +157,7 @@ void ExportViewController::WriteTextFile() {
     message.subject = QStringLiteral("Quote Collection Update Text File");
     message.body = QStringLiteral("Attachment: Quote Collection Text File");
     message.attachments.push_back({*bytes, QStringLiteral("csv"), fileName});
-    platform.mail(message);
+    platform.mail(message, tellOn(*this, m_application));
 }
 
 QString ExportViewController::filePath() const {

@@ -1,5 +1,6 @@
 #include "PrintQuoteViewController.h"
 
+#include "app/Outcomes.h"
 #include "app/TextSharing.h"
 #include "shared/CommonLook.h"
 
@@ -134,7 +135,7 @@ void PrintQuoteViewController::EmailFileClick() {
     PrintJob job;
     job.markup = QString(text).replace(u'\n', QStringLiteral("<br />"));
     job.jobName = QStringLiteral("Quotes");
-    m_application.services.platform.print(job);
+    m_application.services.platform.print(job, tellOn(*this, m_application));
 }
 
 void PrintQuoteViewController::shareButtonClicked() {

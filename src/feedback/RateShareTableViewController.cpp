@@ -1,5 +1,6 @@
 #include "RateShareTableViewController.h"
 
+#include "app/Outcomes.h"
 #include "shared/CommonLook.h"
 #include "toolkit/ActivityViewController.h"
 #include "toolkit/AlertController.h"
@@ -51,7 +52,7 @@ void RateShareTableViewController::didSelectRowAtIndexPath(int row) {
         break;
     case 3:
         if (website)
-            m_application.services.platform.open(*website);
+            open(*website);
         break;
     case 4:
         mailFeedback();
@@ -68,13 +69,19 @@ void RateShareTableViewController::rate() {
     query.addQueryItem(QStringLiteral("action"), QStringLiteral("write-review"));
     QUrl address = *productURL;
     address.setQuery(query);
-    m_application.services.platform.open(address);
+    open(address);
+}
+
+void RateShareTableViewController::open(const QUrl& address) {
+    // An address that cannot be opened is passed over.
+    m_application.services.platform.open(address, [](const Outcome&) {});
 }
 
 void RateShareTableViewController::share(std::vector<ActivityItem> items) {
     Platform& platform = m_application.services.platform;
     if (platform.canSendText())
-        present(makeActivityViewController(platform, std::move(items)));
+        present(
+            makeActivityViewController(platform, std::move(items), tellOn(*this, m_application)));
     else
         presentAlert(*this, QStringLiteral("Can't Send Text Message"),
                      QStringLiteral("Your Device is not able to send text messages."));
@@ -91,5 +98,5 @@ void RateShareTableViewController::mailFeedback() {
     message.recipients = feedbackRecipients;
     message.body = QStringLiteral("<p>Enter your comments about Lantern app below: </p>");
     message.isHtml = true;
-    platform.mail(message);
+    platform.mail(message, tellOn(*this, m_application));
 }

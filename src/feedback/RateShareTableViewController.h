@@ -29,6 +29,7 @@ public:
 
 private:
     void rate();
+    void open(const QUrl& address);
     void share(std::vector<ActivityItem> items);
     void mailFeedback();
 

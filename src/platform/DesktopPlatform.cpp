@@ -1,25 +1,22 @@
 #include "DesktopPlatform.h"
 
 #include "foundation/Files.h"
+#include "platform/Attachments.h"
+#include "platform/Launch.h"
 #include "platform/Mail.h"
 #include "platform/Print.h"
 
 #include <QClipboard>
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QLoggingCategory>
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QProcess>
+#include <QUrl>
 #include <QWindow>
 
 #include <gio/gio.h>
-
-Q_LOGGING_CATEGORY(lcPlatform, "lantern.platform")
 
 namespace {
 
@@ -34,22 +31,33 @@ bool hasHandler(const char* scheme) {
     return true;
 }
 
-std::optional<WriteFailure> printOn(QPrinter& printer, const PrintJob& job) {
-    if (printer.outputFormat() == QPrinter::PdfFormat)
-        return printToPdf(job, printer.outputFileName(), printer.pageLayout(),
-                          printer.pageRanges());
-    if (!printPages(job, printer))
-        return WriteFailure{QStringLiteral("The printer \"%1\" does not take the pages.")
-                                .arg(printer.printerName())};
-    return std::nullopt;
+Outcome printOn(QPrinter& printer, const PrintJob& job) {
+    if (printer.outputFormat() == QPrinter::PdfFormat) {
+        const QString path = printer.outputFileName();
+        const auto failure = printToPdf(job, path, printer.pageLayout(), printer.pageRanges());
+        return failure ? Outcome{Outcome::Failed, failure->description}
+                       : Outcome{Outcome::Done, QStringLiteral("PDF written to %1").arg(path)};
+    }
+    if (printPages(job, printer))
+        return {};
+    return {
+        Outcome::Failed,
+        QStringLiteral("The printer \"%1\" does not take the pages.").arg(printer.printerName())};
 }
 
 } // namespace
 
-DesktopPlatform::DesktopPlatform() = default;
+DesktopPlatform::DesktopPlatform() {
+    sweepAttachments();
+}
+
 DesktopPlatform::~DesktopPlatform() = default;
 
 bool DesktopPlatform::canSendText() const {
+    return hasMessages() || canSendMail();
+}
+
+bool DesktopPlatform::hasMessages() const {
     return hasHandler("sms");
 }
 
@@ -57,80 +65,83 @@ bool DesktopPlatform::canSendMail() const {
     return hasHandler("mailto");
 }
 
-bool DesktopPlatform::open(const QUrl& address) {
-    if (!address.isValid() || address.scheme().isEmpty())
-        return false;
-    return QProcess::startDetached(QStringLiteral("xdg-open"),
-                                   {QString::fromLatin1(address.toEncoded())});
+void DesktopPlatform::open(const QUrl& address, const Answer& answer) {
+    const QString text = QString::fromLatin1(address.toEncoded());
+    if (address.isValid() && !address.scheme().isEmpty())
+        launch(QStringLiteral("xdg-open"), {text},
+               QStringLiteral("No program opens \"%1\".").arg(text.left(100)), &m_requests, answer);
+    else
+        answer({Outcome::Failed, QStringLiteral("\"%1\" is no address.").arg(text.left(100))});
 }
 
 void DesktopPlatform::copy(const QString& text) {
     QGuiApplication::clipboard()->setText(text);
 }
 
-void DesktopPlatform::message(const QString& text) {
+void DesktopPlatform::message(const QString& text, const Answer& answer) {
     const QString body = QString::fromLatin1(QUrl::toPercentEncoding(text));
     if (body.size() > longestAddress)
-        tellFailure(QStringLiteral("The text is too long for a text message."));
-    else if (!open(QUrl(QStringLiteral("sms:?body=") + body, QUrl::StrictMode)))
-        tellFailure(QStringLiteral("No program opens text messages."));
+        answer({Outcome::Failed, QStringLiteral("The text is too long for a text message.")});
+    else
+        open(QUrl(QStringLiteral("sms:?body=") + body, QUrl::StrictMode), answer);
 }
 
-void DesktopPlatform::mail(const MailMessage& message) {
+void DesktopPlatform::mail(const MailMessage& message, const Answer& answer) {
     if (mailtoAddress(message).toEncoded().size() > longestAddress) {
         MailMessage shorter = message;
         shorter.attachments.push_back(
             {message.body.toUtf8(), QStringLiteral("text/plain"), QStringLiteral("Message.txt")});
         shorter.body.clear();
-        mail(shorter);
+        mail(shorter, answer);
         return;
     }
-    const QStringList attachments = writeAttachments(message);
+    const auto written = writeAttachments(message);
+    if (const auto* failure = std::get_if<WriteFailure>(&written)) {
+        answer({Outcome::Failed, failure->description});
+        return;
+    }
+    const auto attachments = std::get<QStringList>(written);
     const QUrl address = mailtoAddress(message);
-    const auto withoutPortal = [this, attachments, address] {
+    const auto withoutAttachments = [this, answer, address, attachments](const Outcome& outcome) {
+        if (outcome.kind != Outcome::NoProgram) {
+            answer(outcome);
+            return;
+        }
+        open(address, [answer, attachments](const Outcome& opened) {
+            const bool isBare = opened.kind == Outcome::Done && !attachments.isEmpty();
+            answer(isBare ? Outcome{Outcome::Done,
+                                    QStringLiteral("The mail has no attachment: without the "
+                                                   "program xdg-email it cannot be attached.")}
+                          : opened);
+        });
+    };
+    const auto withoutPortal = [this, attachments, address, withoutAttachments] {
         // As an address, the message reaches the script whole: its options lose backslashes.
         QStringList arguments{QString::fromLatin1(address.toEncoded())};
         for (const QString& attachment : attachments)
             arguments << QStringLiteral("--attach") << attachment;
-        if (QProcess::startDetached(QStringLiteral("xdg-email"), arguments))
-            return;
-        qCWarning(lcPlatform) << "no xdg-email; the mail opens without its attachments";
-        if (!open(address))
-            tellFailure(QStringLiteral("No program opens mail."));
+        launch(QStringLiteral("xdg-email"), arguments, QStringLiteral("No program opens mail."),
+               &m_requests, withoutAttachments);
     };
-    new PortalMail(message, attachments, withoutPortal, &m_requests);
+    new PortalMail(message, attachments, answer, withoutPortal, &m_requests);
 }
 
-QStringList DesktopPlatform::writeAttachments(const MailMessage& message) {
-    QStringList paths;
-    for (const MailAttachment& attachment : message.attachments) {
-        // A folder for each: a mail program may not have read the last one of this name yet.
-        QTemporaryDir folder(m_attachments.filePath(QStringLiteral("XXXXXX")));
-        folder.setAutoRemove(false);
-        const QString path = folder.filePath(QFileInfo(attachment.fileName).fileName());
-        if (const auto failure = writeTemporaryFile(path, attachment.data))
-            qCWarning(lcPlatform) << failure->description;
-        else
-            paths.append(path);
-    }
-    return paths;
-}
-
-void DesktopPlatform::print(const PrintJob& job) {
+void DesktopPlatform::print(const PrintJob& job, const Answer& answer) {
     const auto printer = std::make_shared<QPrinter>();
     printer->setResolution(printResolution);
     printer->setDocName(job.jobName);
     if (QPrinterInfo::defaultPrinterName().isEmpty())
         printer->setOutputFileName(documentsFolder() + QStringLiteral("/Quotes.pdf"));
     auto dialog = std::make_unique<QPrintDialog>(printer.get());
-    QObject::connect(dialog.get(), &QDialog::accepted, &m_requests, [this, printer, job] {
-        if (const auto failure = printOn(*printer, job))
-            tellFailure(failure->description);
-    });
+    QObject::connect(dialog.get(), &QDialog::finished, &m_requests,
+                     [printer, job, answer](int result) {
+                         answer(result == QDialog::Accepted ? printOn(*printer, job)
+                                                            : Outcome{Outcome::Cancelled});
+                     });
     show(std::move(dialog));
 }
 
-void DesktopPlatform::saveToFiles(const std::vector<ActivityItem>& items) {
+void DesktopPlatform::saveToFiles(const std::vector<ActivityItem>& items, const Answer& answer) {
     std::vector<NamedFile> files;
     if (const auto text = textOf(items))
         files.push_back({QStringLiteral("Quotes.txt"), text->toUtf8()});
@@ -140,33 +151,38 @@ void DesktopPlatform::saveToFiles(const std::vector<ActivityItem>& items) {
             continue;
         auto bytes = readOwnFile(file->path);
         if (!bytes) {
-            tellFailure(QStringLiteral("\"%1\" cannot be read.").arg(file->path));
+            answer({Outcome::Failed, QStringLiteral("\"%1\" cannot be read.").arg(file->path)});
             return;
         }
         files.push_back({QFileInfo(file->path).fileName(), std::move(*bytes)});
     }
-    askWhereToSave(std::move(files));
+    askWhereToSave(std::move(files), Outcome::Cancelled, answer);
 }
 
-void DesktopPlatform::askWhereToSave(std::vector<NamedFile> files) {
-    if (files.empty())
+void DesktopPlatform::askWhereToSave(std::vector<NamedFile> files, Outcome::Kind kind,
+                                     const Answer& answer) {
+    if (files.empty()) {
+        answer({kind});
         return;
+    }
     auto dialog = std::make_unique<QFileDialog>();
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDirectory(documentsFolder());
     dialog->selectFile(files.front().name);
-    QObject::connect(dialog.get(), &QDialog::finished, &m_requests,
-                     [this, dialog = dialog.get(), files = std::move(files)](int result) mutable {
-                         std::optional<WriteFailure> failure;
-                         if (result == QDialog::Accepted)
-                             failure = writeFileAtomically(dialog->selectedFiles().constFirst(),
-                                                           files.front().bytes);
-                         files.erase(files.begin());
-                         if (failure)
-                             tellFailure(failure->description);
-                         else
-                             askWhereToSave(std::move(files));
-                     });
+    const auto goOn = [this, dialog = dialog.get(), files = std::move(files), kind,
+                       answer](int result) mutable {
+        if (result == QDialog::Accepted) {
+            if (const auto failure = writeFileAtomically(dialog->selectedFiles().constFirst(),
+                                                         files.front().bytes)) {
+                answer({Outcome::Failed, failure->description});
+                return;
+            }
+            kind = Outcome::Done;
+        }
+        files.erase(files.begin());
+        askWhereToSave(std::move(files), kind, answer);
+    };
+    QObject::connect(dialog.get(), &QDialog::finished, &m_requests, goOn);
     show(std::move(dialog));
 }
 
@@ -179,10 +195,4 @@ void DesktopPlatform::show(std::unique_ptr<QDialog> dialog) {
     m_dialog->winId();
     m_dialog->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
     m_dialog->open();
-}
-
-void DesktopPlatform::tellFailure(const QString& description) {
-    qCWarning(lcPlatform) << description;
-    show(std::make_unique<QMessageBox>(QMessageBox::Warning, QGuiApplication::applicationName(),
-                                       description));
 }

@@ -3,7 +3,6 @@
 #include "platform/Platform.h"
 
 #include <QObject>
-#include <QTemporaryDir>
 
 #include <memory>
 #include <vector>
@@ -21,12 +20,13 @@ public:
 
     bool canSendText() const override;
     bool canSendMail() const override;
-    bool open(const QUrl& address) override;
+    bool hasMessages() const override;
+    void open(const QUrl& address, const Answer& answer) override;
     void copy(const QString& text) override;
-    void message(const QString& text) override;
-    void mail(const MailMessage& message) override;
-    void print(const PrintJob& job) override;
-    void saveToFiles(const std::vector<ActivityItem>& items) override;
+    void message(const QString& text, const Answer& answer) override;
+    void mail(const MailMessage& message, const Answer& answer) override;
+    void print(const PrintJob& job, const Answer& answer) override;
+    void saveToFiles(const std::vector<ActivityItem>& items, const Answer& answer) override;
 
 private:
     struct NamedFile {
@@ -34,14 +34,10 @@ private:
         QByteArray bytes;
     };
 
-    QStringList writeAttachments(const MailMessage& message);
-    void askWhereToSave(std::vector<NamedFile> files);
+    void askWhereToSave(std::vector<NamedFile> files, Outcome::Kind kind, const Answer& answer);
     /** Shows a dialog over the program's window, in place of an earlier one. */
     void show(std::unique_ptr<QDialog> dialog);
-    void tellFailure(const QString& description);
 
     QObject m_requests; ///< holds what waits for an answer
     std::unique_ptr<QDialog> m_dialog;
-    /** Attachments stay until the program ends: mail programs read them when they like. */
-    QTemporaryDir m_attachments;
 };

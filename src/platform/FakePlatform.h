@@ -4,23 +4,38 @@
 
 #include <QList>
 
-/** A device for tests and tours: it can do everything, and keeps what it is asked for. */
+/** A device for tests and tours: it can do everything, and keeps what it is asked for. All that it
+ * answers has the same outcome. */
 class FakePlatform final : public Platform {
 public:
     bool canSendText() const override { return sendsText; }
+    bool hasMessages() const override { return sendsText; }
     bool canSendMail() const override { return sendsMail; }
-    bool open(const QUrl& address) override {
+    void open(const QUrl& address, const Answer& answer) override {
         opened.append(address);
-        return true;
+        answer(outcome);
     }
     void copy(const QString& text) override { copied.append(text); }
-    void message(const QString& text) override { messages.append(text); }
-    void mail(const MailMessage& message) override { mails.push_back(message); }
-    void print(const PrintJob& job) override { printed.push_back(job); }
-    void saveToFiles(const std::vector<ActivityItem>& items) override { saved.push_back(items); }
+    void message(const QString& text, const Answer& answer) override {
+        messages.append(text);
+        answer(outcome);
+    }
+    void mail(const MailMessage& message, const Answer& answer) override {
+        mails.push_back(message);
+        answer(outcome);
+    }
+    void print(const PrintJob& job, const Answer& answer) override {
+        printed.push_back(job);
+        answer(outcome);
+    }
+    void saveToFiles(const std::vector<ActivityItem>& items, const Answer& answer) override {
+        saved.push_back(items);
+        answer(outcome);
+    }
 
     bool sendsText = true;
     bool sendsMail = true;
+    Outcome outcome;
     QList<QUrl> opened;
     QStringList copied;
     QStringList messages;

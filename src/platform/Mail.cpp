@@ -13,7 +13,8 @@
 
 namespace {
 
-/** How the portal's Request tells that it failed for another reason than the user's will. */
+/** How the portal's Request tells that the user cancelled it, and that it failed otherwise. */
+constexpr uint responseCancelled = 1;
 constexpr uint responseFailed = 2;
 
 QString plainBody(const MailMessage& message) {
@@ -52,9 +53,10 @@ QUrl mailtoAddress(const MailMessage& message) {
     return {address, QUrl::StrictMode};
 }
 
-PortalMail::PortalMail(const MailMessage& message, const QStringList& attachments,
+PortalMail::PortalMail(const MailMessage& message, const QStringList& attachments, Answer answer,
                        std::function<void()> fallback, QObject* parent, const QDBusConnection& bus)
     : QObject(parent)
+    , m_answer(std::move(answer))
     , m_fallback(std::move(fallback)) {
     qDBusRegisterMetaType<QList<QDBusUnixFileDescriptor>>();
     QVariantMap options{{QStringLiteral("subject"), message.subject},
@@ -98,10 +100,12 @@ void PortalMail::compose(QDBusConnection bus, const QVariantMap& options) {
 }
 
 void PortalMail::answered(uint response, const QVariantMap& /*results*/) {
-    if (response == responseFailed)
+    if (response == responseFailed) {
         fallBack();
-    else
-        deleteLater();
+        return;
+    }
+    m_answer({response == responseCancelled ? Outcome::Cancelled : Outcome::Done});
+    deleteLater();
 }
 
 void PortalMail::fallBack() {

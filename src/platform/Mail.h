@@ -13,14 +13,14 @@ QUrl mailtoAddress(const MailMessage& message);
 
 /**
  * Asks the desktop portal for a mail composer. Deletes itself when the portal has answered; when
- * there is no portal, or it has no mail program, the fallback runs before.
+ * there is no portal, or it has no mail program, the fallback runs in place of the answer.
  */
 class PortalMail : public QObject {
     Q_OBJECT
 
 public:
     /** The attachments are given by the paths of their files. */
-    PortalMail(const MailMessage& message, const QStringList& attachments,
+    PortalMail(const MailMessage& message, const QStringList& attachments, Answer answer,
                std::function<void()> fallback, QObject* parent,
                const QDBusConnection& bus = QDBusConnection::sessionBus());
 
@@ -29,5 +29,6 @@ private:
     void compose(QDBusConnection bus, const QVariantMap& options);
     void fallBack();
 
+    Answer m_answer;
     std::function<void()> m_fallback;
 };

@@ -18,11 +18,14 @@ void MarkupDocument::drawObject(QPainter* /*painter*/, const QRectF& /*place*/,
                                 const QTextFormat& /*format*/) {}
 
 void MarkupDocument::setMarkup(const QString& markup) {
-    // The parser hides all that follows one of these where it is not closed.
-    static const QRegularExpression hiding(
-        QStringLiteral("<(?=(?:link|title|style|script|head)\\b|[!?])"),
-        QRegularExpression::CaseInsensitiveOption);
-    setHtml(QString(markup).replace(hiding, QStringLiteral("&lt;")));
+    // The parser hides all that follows one of these where it is not closed, and takes any other
+    // character than a letter or a slash for the beginning of an element too.
+    static const QRegularExpression noElement(
+        QStringLiteral("<(?=(?:link|title|style|script|head)\\b|[^a-z/]|$)"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::DontCaptureOption);
+    // The white space stays as it stands.
+    setHtml(QStringLiteral("<body style=\"white-space: pre-wrap\">") +
+            QString(markup).replace(noElement, QStringLiteral("&lt;")));
 }
 
 QVariant MarkupDocument::loadResource(int /*type*/, const QUrl& /*name*/) {

@@ -40,7 +40,7 @@ std::optional<QString> textOf(const std::vector<ActivityItem>& items) {
 }
 
 std::unique_ptr<ActivityViewController>
-makeActivityViewController(Platform& platform, std::vector<ActivityItem> items,
+makeActivityViewController(Platform& platform, std::vector<ActivityItem> items, Answer answer,
                            std::vector<ActivityType> excluded) {
     using Items = std::vector<ActivityItem>;
     const auto text = textOf(items);
@@ -51,17 +51,18 @@ makeActivityViewController(Platform& platform, std::vector<ActivityItem> items,
     if (text)
         offer(ActivityType::CopyToPasteboard, QStringLiteral("Copy"),
               [&platform, text](const Items&) { platform.copy(*text); });
-    if (text && platform.canSendText())
+    if (text && platform.hasMessages())
         offer(ActivityType::Message, QStringLiteral("Message"),
-              [&platform, text](const Items&) { platform.message(*text); });
+              [&platform, text, answer](const Items&) { platform.message(*text, answer); });
     if (platform.canSendMail())
         offer(ActivityType::Mail, QStringLiteral("Mail"),
-              [&platform](const Items& shared) { platform.mail(mailOf(shared)); });
+              [&platform, answer](const Items& shared) { platform.mail(mailOf(shared), answer); });
     if (text)
-        offer(ActivityType::Print, QStringLiteral("Print"),
-              [&platform, text](const Items&) { platform.print(printJobOf(*text)); });
+        offer(
+            ActivityType::Print, QStringLiteral("Print"),
+            [&platform, text, answer](const Items&) { platform.print(printJobOf(*text), answer); });
     offer(ActivityType::SaveToFiles, QStringLiteral("Save to Files"),
-          [&platform](const Items& shared) { platform.saveToFiles(shared); });
+          [&platform, answer](const Items& shared) { platform.saveToFiles(shared, answer); });
     return std::make_unique<ActivityViewController>(std::move(items), std::move(activities),
                                                     std::move(excluded));
 }

@@ -1,5 +1,6 @@
 #include "DetailViewController.h"
 
+#include "app/Outcomes.h"
 #include "app/TextSharing.h"
 #include "foundation/FatalError.h"
 #include "foundation/RegularExpression.h"
@@ -166,7 +167,7 @@ void DetailViewController::EmailFileClick() {
     append(QStringLiteral("Author: "), AuthorTextField->text(), QStringLiteral("\n\n"));
     append(QStringLiteral("Quote: "), QuoteTextView->text(), QString());
     text.replace(QLatin1Char('\n'), QStringLiteral("<br />"));
-    m_application.services.platform.print({text, 72, title()});
+    m_application.services.platform.print({text, 72, title()}, tellOn(*this, m_application));
 }
 
 DetailViewController::RecordKey DetailViewController::selectedKey() const {

@@ -23,9 +23,9 @@ void AlertController::choose(int action) {
         handler();
 }
 
-void presentAlert(ViewController& presenting, const QString& title, const QString& message,
+bool presentAlert(ViewController& presenting, const QString& title, const QString& message,
                   std::function<void()> handler) {
     auto alert = std::make_unique<AlertController>(title, message);
     alert->addAction(QStringLiteral("OK"), std::move(handler));
-    presenting.present(std::move(alert));
+    return presenting.present(std::move(alert));
 }

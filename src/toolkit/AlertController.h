@@ -36,6 +36,6 @@ private:
     std::vector<Action> m_actions;
 };
 
-/** Presents an alert with the one action "OK". */
-void presentAlert(ViewController& presenting, const QString& title, const QString& message,
+/** Presents an alert with the one action "OK"; false when something is presented already. */
+bool presentAlert(ViewController& presenting, const QString& title, const QString& message,
                   std::function<void()> handler = nullptr);

@@ -52,17 +52,18 @@ ViewController& ViewController::root() {
     return *controller;
 }
 
-void ViewController::present(std::unique_ptr<ViewController> controller) {
+bool ViewController::present(std::unique_ptr<ViewController> controller) {
     ViewController& presenting = root();
     if (presenting.m_presented) {
         qCWarning(lcToolkit) << "something is presented already; not shown:" << controller->title();
-        return;
+        return false;
     }
     endEditing();
     controller->loadViewIfNeeded();
     setContainer(*controller, &presenting);
     presenting.m_presented = std::move(controller);
     Q_EMIT presenting.presentedViewControllerChanged();
+    return true;
 }
 
 void ViewController::dismiss() {

@@ -67,8 +67,9 @@ public:
      * error; an unwind segue whose action no screen below has does nothing. */
     void performSegue(const QString& identifier, QObject* sender);
 
-    /** Shows a controller over the whole window; one that is shown already stays alone. */
-    void present(std::unique_ptr<ViewController> controller);
+    /** Shows a controller over the whole window; one that is shown already stays alone, and the
+     * answer is false. */
+    bool present(std::unique_ptr<ViewController> controller);
     /** Takes away what this screen, or the one that holds it, presents. */
     Q_INVOKABLE void dismiss();
     ViewController* presentedViewController() const { return m_presented.get(); }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "foundation/TemporaryFolder.h"
 #include "toolkit/Storyboard.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
-#include <QTemporaryDir>
 
 #include <memory>
 
@@ -43,7 +43,7 @@ private:
     Environment m_environment;
     UserDefaults m_userDefaults;
     EventLoopMainQueue m_mainQueue;
-    QTemporaryDir m_temporaryFolder;
+    TemporaryFolder m_temporaryFolder;
     Keyboard m_keyboard;
     Notes m_notes;
     ClassRuntime m_classes;

@@ -11,7 +11,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QRegularExpression>
 
@@ -65,8 +64,8 @@ TEST_F(HandOver, ACollectionIsSavedWhereTheUserChooses) {
     saveTo(chosen);
     EXPECT_EQ(contents(chosen), collection);
     saveTo(application.folder.filePath(QStringLiteral("gone/Chosen.csv")));
-    ASSERT_TRUE(shownDialog<QMessageBox>());
-    EXPECT_TRUE(shownDialog<QMessageBox>()->text().contains(QStringLiteral("gone/Chosen.csv")));
+    ASSERT_TRUE(presentedAlert(screen));
+    EXPECT_TRUE(presentedAlert(screen)->message().contains(QStringLiteral("gone/Chosen.csv")));
 }
 
 TEST_F(HandOver, ACollectionIsMailedByXdgEmail) {
@@ -107,6 +106,9 @@ TEST_F(HandOver, AGroupOfQuotesIsPrintedToAFile) {
     EXPECT_TRUE(contents(application.folder.filePath(QStringLiteral("out.pdf")))
                     .value_or(QByteArray())
                     .startsWith("%PDF"));
+    EXPECT_EQ(application.said,
+              QStringList(QStringLiteral("PDF written to ") +
+                          application.folder.filePath(QStringLiteral("out.pdf"))));
 }
 
 /** A thousand quotes, some of which would stop a printer that takes them at their word. */

@@ -1,4 +1,5 @@
 #include "foundation/Files.h"
+#include "foundation/TemporaryFolder.h"
 #include "support/TestFiles.h"
 
 #include <QDir>
@@ -7,9 +8,11 @@
 
 #include <cerrno>
 #include <csignal>
+#include <ctime>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <utime.h>
 
 namespace {
 
@@ -99,3 +102,35 @@ TEST(UserFolders, AreThoseOfTheVariablesWhereTheyAreWhole) {
 }
 
 } // namespace
+
+TEST(TemporaryFolder, GoesWithTheProgramOrWithTheNextOne) {
+    const QTemporaryDir place;
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(place.path()));
+    const auto age = [](const QString& path) {
+        const std::time_t old = std::time(nullptr) - 3600;
+        const utimbuf times{old, old};
+        ASSERT_EQ(::utime(QFile::encodeName(path).constData(), &times), 0);
+    };
+    for (const char* name :
+         {"Lantern-killed", "Lantern-gwojqv", "Lantern-fresh1", "Other-abcdef"}) {
+        QDir(place.path()).mkpath(QLatin1String(name) + QStringLiteral("/in"));
+        if (QByteArray(name) != "Lantern-fresh1")
+            age(place.filePath(QLatin1String(name)));
+    }
+    QString running;
+    {
+        const TemporaryFolder first;
+        running = first.path();
+        EXPECT_FALSE(QFile::permissions(running) & (QFile::ReadGroup | QFile::ReadOther));
+        age(running);
+        const TemporaryFolder second;
+        EXPECT_TRUE(QFile::exists(running)) << "its program lives";
+        EXPECT_NE(second.path(), running);
+        EXPECT_FALSE(QFile::exists(place.filePath(QStringLiteral("Lantern-killed"))));
+        EXPECT_FALSE(QFile::exists(place.filePath(QStringLiteral("Lantern-gwojqv"))));
+    }
+    EXPECT_EQ(QDir(place.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+              QStringList({"Lantern-fresh1", "Other-abcdef"}));
+    before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+}

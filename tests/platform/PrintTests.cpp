@@ -1,5 +1,6 @@
 #include "Desktop.h"
 #include "platform/DesktopPlatform.h"
+#include "platform/Markup.h"
 #include "platform/Print.h"
 
 #include <QApplication>
@@ -210,6 +211,14 @@ TEST_F(Printing, NoElementOfOneQuoteHidesTheNext) {
     }
 }
 
+TEST_F(Printing, WhatIsNoElementIsTextAndWhiteSpaceStays) {
+    EXPECT_EQ(
+        textOfMarkup(QStringLiteral("if a < b & b > c then<br />    I <3  you\t<i>and</i> 1<2<")),
+        "if a < b & b > c then\n    I <3  you\tand 1<2<");
+    const QString text = printed(QStringLiteral("first<br />        indented   <b>words</b>"));
+    EXPECT_TRUE(text.contains(QStringLiteral("indented"))) << text.toStdString();
+}
+
 TEST_F(Printing, FailureLeavesNoFile) {
     PrintJob job = jobOf(QStringLiteral("text"));
     job.insets = 400;
@@ -220,7 +229,9 @@ TEST_F(Printing, FailureLeavesNoFile) {
 
 TEST_F(Printing, TheDialogPrintsToAPdfFile) {
     DesktopPlatform platform;
-    platform.print(jobOf(QStringLiteral("Quote: Ёж")));
+    std::vector<Outcome> outcomes;
+    const Answer keep = [&](const Outcome& outcome) { outcomes.push_back(outcome); };
+    platform.print(jobOf(QStringLiteral("Quote: Ёж")), keep);
     QPrintDialog* dialog = nullptr;
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         if (auto* shown = qobject_cast<QPrintDialog*>(widget))
@@ -234,6 +245,13 @@ TEST_F(Printing, TheDialogPrintsToAPdfFile) {
     fileName->setText(path("out.pdf"));
     static_cast<QDialog*>(dialog)->accept();
     EXPECT_EQ(textOfPdf(path("out.pdf")).simplified(), QStringLiteral("Quote: Ёж"));
+    ASSERT_EQ(outcomes.size(), 1);
+    EXPECT_EQ(outcomes[0].kind, Outcome::Done);
+    EXPECT_EQ(outcomes[0].text, QStringLiteral("PDF written to ") + path("out.pdf"));
+
+    platform.print(jobOf(QStringLiteral("text")), keep);
+    shownDialog<QPrintDialog>()->reject();
+    EXPECT_EQ(outcomes.back().kind, Outcome::Cancelled);
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
-#include <QMessageBox>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -21,23 +20,32 @@ public:
     std::vector<MailAttachment> attachments;
 
     bool canSendText() const override { return canText; }
+    bool hasMessages() const override { return canText; }
     bool canSendMail() const override { return canMail; }
-    bool open(const QUrl& /*address*/) override { return false; }
+    void open(const QUrl& /*address*/, const Answer& /*answer*/) override {}
     void copy(const QString& text) override { asked << QStringLiteral("copy ") + text; }
-    void message(const QString& text) override { asked << QStringLiteral("message ") + text; }
-    void mail(const MailMessage& message) override {
+    void message(const QString& text, const Answer& answer) override {
+        asked << QStringLiteral("message ") + text;
+        answer({});
+    }
+    void mail(const MailMessage& message, const Answer& answer) override {
+        answer({});
         asked << QStringLiteral("mail ") + message.body;
         attachments = message.attachments;
     }
-    void print(const PrintJob& job) override { asked << QStringLiteral("print ") + job.markup; }
-    void saveToFiles(const std::vector<ActivityItem>& items) override {
+    void print(const PrintJob& job, const Answer& answer) override {
+        asked << QStringLiteral("print ") + job.markup;
+        answer({});
+    }
+    void saveToFiles(const std::vector<ActivityItem>& items, const Answer& answer) override {
+        answer({});
         asked << QStringLiteral("save %1").arg(items.size());
     }
 };
 
 QStringList titlesOf(Platform& platform, const std::vector<ActivityItem>& items,
                      const std::vector<ActivityType>& excluded = {}) {
-    return makeActivityViewController(platform, items, excluded)->activityTitles();
+    return makeActivityViewController(platform, items, {}, excluded)->activityTitles();
 }
 
 TEST(ShareSheet, OffersWhatTheSystemHasAndTheScreenAllows) {
@@ -60,10 +68,12 @@ TEST(ShareSheet, OffersWhatTheSystemHasAndTheScreenAllows) {
 
 TEST(ShareSheet, RunsWhatIsChosenWhenItHasGone) {
     FakePlatform platform;
+    int answers = 0;
     ViewController screen;
     const auto present = [&] {
         screen.present(makeActivityViewController(
-            platform, {QStringLiteral("a <b>\nc"), QStringLiteral("http://d")}));
+            platform, {QStringLiteral("a <b>\nc"), QStringLiteral("http://d")},
+            [&](const Outcome&) { ++answers; }));
         return qobject_cast<ActivityViewController*>(screen.presentedViewController());
     };
     for (int activity = 0; activity < 5; ++activity)
@@ -74,6 +84,7 @@ TEST(ShareSheet, RunsWhatIsChosenWhenItHasGone) {
     present()->cancel();
     EXPECT_EQ(screen.presentedViewController(), nullptr);
     EXPECT_EQ(platform.asked.size(), 5);
+    EXPECT_EQ(answers, 4) << "to copy needs no answer";
 
     bool wasGone = false;
     screen.present(std::make_unique<ActivityViewController>(
@@ -94,8 +105,8 @@ TEST(ShareSheet, MailsAFileUnderItsName) {
     const QString path = folder.filePath(QStringLiteral("Quotes.txt"));
     write(path, "bytes");
     ViewController screen;
-    screen.present(
-        makeActivityViewController(platform, {SharedFile{path}}, {ActivityType::SaveToFiles}));
+    screen.present(makeActivityViewController(platform, {SharedFile{path}}, [](const Outcome&) {},
+                                              {ActivityType::SaveToFiles}));
     qobject_cast<ActivityViewController*>(screen.presentedViewController())->choose(0);
     ASSERT_EQ(platform.attachments.size(), 1);
     EXPECT_EQ(platform.attachments[0].data, "bytes");
@@ -119,6 +130,8 @@ protected:
     }
     QString path(const char* name) const { return folder.filePath(QLatin1String(name)); }
 
+    std::vector<Outcome> outcomes;
+    Answer keep = [this](const Outcome& outcome) { outcomes.push_back(outcome); };
     DesktopPlatform platform;
     QTemporaryDir folder;
 };
@@ -126,7 +139,8 @@ protected:
 TEST_F(Saving, AsksForEachFileAndWritesWhereToldTo) {
     write(path("QuoteCollection.csv"), QByteArray("[QUOTECOLLECTION]\n\xff\0", 20));
     platform.saveToFiles(
-        {QStringLiteral("Война"), SharedFile{path("QuoteCollection.csv")}, QStringLiteral("😀")});
+        {QStringLiteral("Война"), SharedFile{path("QuoteCollection.csv")}, QStringLiteral("😀")},
+        keep);
     choosePlace(path("chosen.txt"));
     EXPECT_EQ(contents(path("chosen.txt")), QStringLiteral("Война\n😀").toUtf8());
     ASSERT_TRUE(shownDialog<QFileDialog>());
@@ -135,31 +149,37 @@ TEST_F(Saving, AsksForEachFileAndWritesWhereToldTo) {
     choosePlace(path("chosen.csv"));
     EXPECT_EQ(contents(path("chosen.csv")), contents(path("QuoteCollection.csv")));
     EXPECT_FALSE(shownDialog<QFileDialog>());
+    ASSERT_EQ(outcomes.size(), 1);
+    EXPECT_EQ(outcomes[0].kind, Outcome::Done);
 }
 
 TEST_F(Saving, NothingIsWrittenWithoutAPlace) {
-    platform.saveToFiles({QStringLiteral("text")});
+    platform.saveToFiles({QStringLiteral("text")}, keep);
     ASSERT_TRUE(shownDialog<QFileDialog>());
     shownDialog<QFileDialog>()->reject();
+    ASSERT_EQ(outcomes.size(), 1);
+    EXPECT_EQ(outcomes[0].kind, Outcome::Cancelled);
     EXPECT_FALSE(shownDialog<QDialog>());
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
     EXPECT_TRUE(QDir(Desktop::path("")).entryList({QStringLiteral("*.txt")}).isEmpty());
 }
 
-TEST_F(Saving, TheUserIsToldWhatCouldNotBeReadOrWritten) {
+TEST_F(Saving, AnswersWhatCouldNotBeReadOrWritten) {
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-    platform.saveToFiles({SharedFile{path("pipe")}});
-    ASSERT_TRUE(shownDialog<QMessageBox>());
-    EXPECT_TRUE(shownDialog<QMessageBox>()->text().contains(path("pipe")));
+    platform.saveToFiles({SharedFile{path("pipe")}}, keep);
+    ASSERT_EQ(outcomes.size(), 1);
+    EXPECT_EQ(outcomes[0].kind, Outcome::Failed);
+    EXPECT_TRUE(outcomes[0].text.contains(path("pipe")));
     EXPECT_FALSE(shownDialog<QFileDialog>());
 
     QDir(folder.path()).mkdir(QStringLiteral("folder"));
-    platform.saveToFiles({QStringLiteral("text")});
+    platform.saveToFiles({QStringLiteral("text")}, keep);
     shownDialog<QFileDialog>()->selectFile(path("folder/file"));
     QDir(folder.path()).rmdir(QStringLiteral("folder")); // goes away while the dialog is open
     static_cast<QDialog*>(shownDialog<QFileDialog>())->done(QDialog::Accepted);
-    ASSERT_TRUE(shownDialog<QMessageBox>());
-    EXPECT_TRUE(shownDialog<QMessageBox>()->text().contains(path("folder/file")));
+    ASSERT_EQ(outcomes.size(), 2);
+    EXPECT_EQ(outcomes[1].kind, Outcome::Failed);
+    EXPECT_TRUE(outcomes[1].text.contains(path("folder/file")));
 }
 
 } // namespace

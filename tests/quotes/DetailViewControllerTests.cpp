@@ -217,9 +217,14 @@ TEST_F(Detail, SharesAndPrintsWhatTheFieldsHold) {
     ASSERT_TRUE(sheet);
     EXPECT_EQ(std::get<QString>(sheet->items().at(0)),
               "Source: S\nTopic: T\nAuthor: A\n\none\ntwo");
-    detail->EmailFileClick();
+    application.platform.outcome = {Outcome::Failed, QStringLiteral("no paper")};
+    detail->EmailFileClick(); // while the sheet is in the alert's place
+    EXPECT_EQ(application.said, QStringList("no paper"));
+    sheet->cancel();
     detail->AuthorTextField->setText(QString());
     detail->EmailFileClick();
+    ASSERT_TRUE(presentedAlert(*detail));
+    EXPECT_EQ(presentedAlert(*detail)->message(), "no paper");
     ASSERT_EQ(application.platform.printed.size(), 2);
     EXPECT_EQ(application.platform.printed.at(0).markup,
               "Source: S<br />Topic: T<br />Author: A<br /><br />Quote: one<br />two");

@@ -113,6 +113,7 @@ protected:
         print.viewDidLoad();
         print.CreateFileClick();
         application.platform.printed.clear();
+        application.said.clear();
         NewAuthorTableViewController names(application.delegate);
         showAllRows(names);
         TopicTableTableViewController topics(application.delegate);
