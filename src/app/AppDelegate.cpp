@@ -5,6 +5,9 @@
 #include "foundation/FatalError.h"
 
 #include <QDate>
+#include <QLoggingCategory>
+
+Q_DECLARE_LOGGING_CATEGORY(lcApp)
 
 namespace {
 
@@ -17,7 +20,8 @@ void endIfLost(const std::optional<StoreError>& error) {
 } // namespace
 
 AppDelegate::AppDelegate(const Services& theServices)
-    : services(theServices) {}
+    : services(theServices)
+    , m_cleanup([this] { savePendingChanges(); }) {}
 
 PersistentContainer& AppDelegate::persistentContainer() {
     if (!m_persistentContainer) {
@@ -42,6 +46,13 @@ void AppDelegate::saveContext() {
         fatalError(error->unresolved());
 }
 
+void AppDelegate::savePendingChanges() {
+    if (!m_persistentContainer || !m_persistentContainer->viewContext().hasChanges())
+        return;
+    if (const auto error = m_persistentContainer->viewContext().save())
+        qCWarning(lcApp).noquote() << error->unresolved();
+}
+
 bool AppDelegate::didFinishLaunchingWithOptions() {
     UITextViewWorkaround::executeWorkaround(services.classes, services.environment.systemVersion);
     return true;
@@ -58,6 +69,5 @@ std::unique_ptr<PersistentContainer> makePersistentContainer(const Services& ser
         const auto [year, month, day, time] = wallTime(environment.now(), environment);
         return QDate(year, month, day).toString(Qt::ISODate);
     };
-    return std::make_unique<PersistentContainer>(QStringLiteral("Lantern"), services.storeFolder,
-                                                 today);
+    return std::make_unique<PersistentContainer>(storeName, services.storeFolder, today);
 }

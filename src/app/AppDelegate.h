@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Services.h"
+#include "foundation/FatalError.h"
 #include "store/PersistentContainer.h"
 #include "toolkit/Window.h"
 
@@ -28,8 +29,15 @@ public:
     const Services services;
 
 private:
+    void savePendingChanges();
+
     std::unique_ptr<PersistentContainer> m_persistentContainer;
+    /** However the program ends, it saves. */
+    FatalErrorCleanup m_cleanup;
 };
+
+/** What the program's store is called. */
+inline const QString storeName = QStringLiteral("Lantern");
 
 /** A new container on the program's store. */
 std::unique_ptr<PersistentContainer> makePersistentContainer(const Services& services);

@@ -113,12 +113,10 @@ void ImportViewController::importQuote(const QuoteLine& line) {
     std::optional<Date> timestamp;
     if (!line.date.isEmpty()) {
         timestamp = readDate(line.date, m_application.services.environment);
-        if (!timestamp) {
-            save(); // what earlier lines have updated
+        if (!timestamp)
             fatalError(QStringLiteral("Line %1 of %2 has a date that cannot be read: \"%3\"")
                            .arg(line.number)
                            .arg(filename.value_or(QString()), line.date.left(100)));
-        }
     }
     Event& quote = resultCount == 1 ? *results.front() : *managedObjectContext->insert<Event>();
     if (!line.author.isEmpty())

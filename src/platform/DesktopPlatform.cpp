@@ -167,6 +167,7 @@ void DesktopPlatform::askWhereToSave(std::vector<NamedFile> files, Outcome::Kind
     }
     auto dialog = std::make_unique<QFileDialog>();
     dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setOption(QFileDialog::DontUseNativeDialog, !m_fileChooser.isThere());
     dialog->setDirectory(documentsFolder());
     dialog->selectFile(files.front().name);
     const auto goOn = [this, dialog = dialog.get(), files = std::move(files), kind,

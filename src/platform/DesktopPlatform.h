@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DesktopFileChooser.h"
 #include "platform/Platform.h"
 
 #include <QObject>
@@ -38,6 +39,7 @@ private:
     /** Shows a dialog over the program's window, in place of an earlier one. */
     void show(std::unique_ptr<QDialog> dialog);
 
+    DesktopFileChooser m_fileChooser;
     QObject m_requests; ///< holds what waits for an answer
     std::unique_ptr<QDialog> m_dialog;
 };

@@ -32,6 +32,8 @@ FormPage {
         Layout.topMargin: Theme.margin
         control: root.controller.SelectDPLabel
         font.bold: true
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
     }
 
     SwitchRow {

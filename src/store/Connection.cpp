@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <map>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -87,17 +86,6 @@ void Statement::reset() {
     m_bindError = SQLITE_OK;
 }
 
-ProcessLock::~ProcessLock() {
-    if (m_descriptor >= 0)
-        ::close(m_descriptor);
-}
-
-int ProcessLock::take(const QString& path) {
-    m_descriptor = ::open(QFile::encodeName(path).constData(),
-                          O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    return m_descriptor >= 0 && ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
-}
-
 std::optional<QByteArrayView> Statement::text(int column) {
     const auto* bytes = sqlite3_column_text(m_statement.get(), column);
     if (bytes == nullptr)
@@ -139,9 +127,11 @@ StoreConnection::open(const QString& folder, const QString& name) {
         return connection->unfit(QStringLiteral("it is no file"));
     if (::access(QFile::encodeName(path).constData(), R_OK | W_OK) != 0)
         return systemFailure(path, errno);
-    if (const int code = connection->m_lock.take(path + QStringLiteral("-lock")); code != 0)
-        return code == EWOULDBLOCK ? connection->unfit(QLatin1String(openElsewhere))
-                                   : systemFailure(path, code);
+    auto lock = ProcessLock::take(folder, name);
+    if (const int* code = std::get_if<int>(&lock))
+        return *code == EWOULDBLOCK ? connection->unfit(QLatin1String(openElsewhere))
+                                    : systemFailure(path, *code);
+    connection->m_lock = std::get<std::shared_ptr<ProcessLock>>(std::move(lock));
     if (const auto error = connection->openDatabase())
         return *error;
     connection->noteFiles();

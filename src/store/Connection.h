@@ -2,6 +2,7 @@
 
 #include "store/Backups.h"
 #include "store/FileMark.h"
+#include "store/ProcessLock.h"
 #include "store/Schema.h"
 #include "store/StoreError.h"
 
@@ -57,25 +58,6 @@ struct EntityStatements {
     Statement insert;
     Statement update;
     Statement remove;
-};
-
-/**
- * Keeps other processes away from a store by a lock on a file beside it. SQLite's own locks on the
- * store's file go as soon as this process closes any other descriptor of that file, as it does when
- * the user has it read for something else.
- */
-class ProcessLock {
-public:
-    ProcessLock() = default;
-    ~ProcessLock();
-    ProcessLock(const ProcessLock&) = delete;
-    ProcessLock& operator=(const ProcessLock&) = delete;
-
-    /** 0, or an errno; EWOULDBLOCK when another process has the lock. */
-    int take(const QString& path);
-
-private:
-    int m_descriptor = -1;
 };
 
 /** The one connection of this process to a store's file, which it locks against all others. */
@@ -138,7 +120,7 @@ private:
     StoreError unfit(const QString& reason) const;
 
     QString m_path;
-    ProcessLock m_lock;                         // given up after the database is closed
+    std::shared_ptr<ProcessLock> m_lock;        // given up after the database is closed
     std::unique_ptr<sqlite3, Close> m_database; // closed after its statements
     Backups m_backups;
     std::function<QString()> m_today;

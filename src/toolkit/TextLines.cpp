@@ -12,6 +12,12 @@ bool isLineEnd(QChar character) {
     return character == QLatin1Char('\n') || character == QLatin1Char('\r');
 }
 
+QStringView withoutLineEnd(QStringView line) {
+    while (!line.isEmpty() && isLineEnd(line.back()))
+        line.chop(1);
+    return line;
+}
+
 /** Where the rest of a line that is too long for one row begins: after a blank, if there is any. */
 qsizetype continuationOf(QStringView line) {
     const qsizetype blank = line.left(longestShownLine).lastIndexOf(u' ');
@@ -43,16 +49,23 @@ int TextLines::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : int(m_starts.size());
 }
 
+QString TextLines::textOfRows(int first, int last) const {
+    return withoutLineEnd(
+               QStringView(m_text).sliced(m_starts.at(first), endOf(last) - m_starts.at(first)))
+        .toString();
+}
+
+qsizetype TextLines::endOf(int row) const {
+    return row + 1 < m_starts.size() ? m_starts.at(row + 1) : m_text.size();
+}
+
 QVariant TextLines::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || role != Qt::DisplayRole)
         return {};
     const qsizetype start = m_starts.at(index.row());
-    const qsizetype next =
-        index.row() + 1 < m_starts.size() ? m_starts.at(index.row() + 1) : m_text.size();
-    QStringView line = QStringView(m_text).mid(start, std::min(next - start, longestShownLine));
-    while (!line.isEmpty() && isLineEnd(line.back()))
-        line.chop(1);
-    return line.toString();
+    return withoutLineEnd(QStringView(m_text).sliced(
+                              start, std::min(endOf(index.row()) - start, longestShownLine)))
+        .toString();
 }
 
 QHash<int, QByteArray> TextLines::roleNames() const {

@@ -20,11 +20,17 @@ public:
 
     void setText(const QString& text, LineBreakMode mode);
 
+    /** The text of some rows as it stands, line ends between them included. */
+    Q_INVOKABLE QString textOfRows(int first, int last) const;
+
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
 private:
+    /** Where the row after this one begins. */
+    qsizetype endOf(int row) const;
+
     QString m_text;
     QList<qsizetype> m_starts;
 };

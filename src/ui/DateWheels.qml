@@ -72,10 +72,10 @@ FocusScope {
                 onTurned: row => root.choose(kind, row)
 
                 delegate: WheelRow {
-                    required property int index
                     readonly property bool exists: wheel.kind !== 0
                         || index < root.picker.daysInMonth(root.picker.year, root.picker.month)
 
+                    owner: wheel
                     text: wheel.kind === 1 ? root.picker.monthNames[index]
                                            : root.picker.number(index + 1)
                     color: exists ? Theme.ink : Theme.line

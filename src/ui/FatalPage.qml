@@ -1,13 +1,25 @@
 import QtQuick
+import QtQuick.Templates as T
 import Lantern
 
-/** What ended the program, and the button that leaves it. */
+/** What ended the program, and the ways to go on. Stands over all else in the window, which the
+ * user no longer reaches. */
 FocusScope {
     id: root
 
     required property string message
 
+    /** Whether the program is to start anew once it has quit. */
+    property bool startsAgain: false
+
     signal quit
+
+    parent: T.Overlay.overlay
+    anchors.fill: parent
+    z: 1
+    Keys.onEscapePressed: root.quit()
+    onVisibleChanged: if (visible)
+        again.forceActiveFocus(Qt.TabFocusReason)
 
     Rectangle {
         anchors.fill: parent
@@ -25,25 +37,40 @@ FocusScope {
         anchors.centerIn: parent
         width: Math.min(parent.width - 4 * Theme.margin, Theme.readableWidth)
         spacing: Theme.margin
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: heading.text
+        Accessible.description: reason.text
 
         PlainText {
+            id: heading
+
             width: parent.width
             text: qsTr("Lantern has to stop")
             font.pixelSize: Theme.titleFont
             font.bold: true
             horizontalAlignment: Text.AlignHCenter
-            Accessible.role: Accessible.AlertMessage
+            Accessible.role: Accessible.Heading
             Accessible.name: text
         }
 
-        PlainText {
+        Flickable {
             width: parent.width
-            text: root.message
-            font.pixelSize: Theme.secondaryFont
-            horizontalAlignment: Text.AlignHCenter
-            maximumLineCount: 14
-            elide: Text.ElideRight
-            objectName: text
+            height: Math.min(contentHeight, root.height / 2)
+            contentWidth: width
+            contentHeight: reason.height
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+
+            T.ScrollBar.vertical: PageScrollBar {}
+
+            ReadOnlyText {
+                id: reason
+
+                width: parent.width
+                text: root.message
+                name: qsTr("Reason")
+                horizontalAlignment: TextEdit.AlignHCenter
+            }
         }
 
         PlainText {
@@ -52,15 +79,36 @@ FocusScope {
             color: Theme.faintInk
             font.pixelSize: Theme.secondaryFont
             horizontalAlignment: Text.AlignHCenter
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
 
-        TextButton {
+        Row {
             anchors.horizontalCenter: parent.horizontalCenter
-            text: qsTr("Quit")
-            bold: true
-            focus: true
-            onClicked: root.quit()
-            Keys.onEscapePressed: root.quit()
+            spacing: Theme.margin
+
+            TextButton {
+                id: again
+
+                text: qsTr("Start again")
+                bold: true
+                focus: true
+                onClicked: {
+                    root.startsAgain = true;
+                    root.quit();
+                }
+            }
+
+            TextButton {
+                text: qsTr("Copy")
+                Accessible.description: qsTr("Copies the reason")
+                onClicked: reason.copyAll()
+            }
+
+            TextButton {
+                text: qsTr("Quit")
+                onClicked: root.quit()
+            }
         }
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/DesktopFileChooser.h"
+
 #include <QObject>
 #include <qqml.h>
 
@@ -8,16 +10,20 @@ class FileChooser : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
-    Q_PROPERTY(bool native READ isNative CONSTANT)
+    /** Whether the desktop has a file chooser of its own. */
+    Q_PROPERTY(bool native READ isNative NOTIFY nativeChanged)
+    /** The path of the user's documents, else the home folder. */
     Q_PROPERTY(QString startFolder READ startFolder CONSTANT)
 
 public:
-    /** Has the desktop portal's file chooser used where there is one, unless the user has chosen a
-     * platform theme. To be called before there is an application. */
-    static void preferPortal(int& argc, char** argv);
+    FileChooser();
 
-    /** Whether the platform theme has a file chooser of its own. */
-    static bool isNative();
-    /** The path of the user's documents, else the home folder. */
+    bool isNative() const { return m_desktop.isThere(); }
     static QString startFolder();
+
+Q_SIGNALS:
+    void nativeChanged();
+
+private:
+    DesktopFileChooser m_desktop;
 };

@@ -48,13 +48,16 @@ FocusScope {
         Accessible.role: Accessible.EditableText
         Accessible.name: root.control.accessibilityLabel
         // A text that is too long for the field shows its beginning, until it is edited.
-        onTextChanged: if (!activeFocus)
-            cursorPosition = 0
+        onTextChanged: {
+            if (!activeFocus)
+                cursorPosition = 0;
+            if (!readOnly && text !== root.control.text)
+                root.control.enter(text);
+        }
         onActiveFocusChanged: if (!activeFocus)
             cursorPosition = 0;
         else if (focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason)
             cursorPosition = length
-        onTextEdited: root.control.enter(text)
         Keys.onEscapePressed: root.control.endEditing()
         Keys.onReturnPressed: root.control.pressReturn()
         Keys.onEnterPressed: root.control.pressReturn()

@@ -164,6 +164,7 @@ FocusScope {
         id: end
 
         focusPolicy: Qt.TabFocus
+        Accessible.ignored: true
         onActiveFocusChanged: if (activeFocus)
             goOn.start()
     }

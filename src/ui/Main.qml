@@ -14,6 +14,8 @@ T.ApplicationWindow {
     /** Null until the program has made its screens, and when it ends. */
     property ToolkitWindow window: null
     property string fatalMessage
+    readonly property bool ending: fatalMessage !== ""
+    readonly property alias startsAgain: fatalPage.startsAgain
 
     signal quitRequested
 
@@ -25,23 +27,29 @@ T.ApplicationWindow {
     title: qsTr("Lantern")
     color: Theme.paper
 
-    Repeater {
-        model: root.window !== null ? 1 : 0
+    FocusScope {
+        anchors.fill: parent
+        visible: !root.ending
+        enabled: !root.ending
+        focus: true
 
-        NavigationView {
-            anchors.fill: parent
-            enabled: root.fatalMessage === ""
-            focus: true
-            controller: root.window?.rootViewController as NavigationController
+        Repeater {
+            model: root.window !== null ? 1 : 0
+
+            NavigationView {
+                anchors.fill: parent
+                focus: true
+                controller: root.window?.rootViewController as NavigationController
+            }
+        }
+
+        InputSheet {
+            keyboard: root.keyboard
         }
     }
 
-    InputSheet {
-        keyboard: root.keyboard
-    }
-
     Presentations {
-        presenter: root.window?.rootViewController ?? null
+        presenter: root.ending ? null : root.window?.rootViewController ?? null
     }
 
     Note {
@@ -49,10 +57,9 @@ T.ApplicationWindow {
     }
 
     FatalPage {
-        anchors.fill: parent
-        z: 1
-        visible: root.fatalMessage !== ""
-        focus: visible
+        id: fatalPage
+
+        visible: root.ending
         message: root.fatalMessage
         onQuit: root.quitRequested()
     }

@@ -75,6 +75,7 @@ FocusScope {
         width: parent.width
         focus: true
         clip: true
+        Accessible.ignored: true
 
         onBusyChanged: if (!busy)
             settled.start()

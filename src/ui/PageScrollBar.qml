@@ -12,6 +12,7 @@ T.ScrollBar {
     minimumSize: Math.min(0.5, Theme.touchTarget / Math.max(1, height))
     visible: size < 1
     policy: T.ScrollBar.AsNeeded
+    Accessible.ignored: true
 
     contentItem: Rectangle {
         radius: width / 2

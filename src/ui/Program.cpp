@@ -8,9 +8,26 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFile>
 #include <QQmlExtensionPlugin>
 
+#include <array>
+#include <cerrno>
+#include <unistd.h>
+
 Q_IMPORT_QML_PLUGIN(LanternPlugin)
+
+namespace {
+
+/** The program anew in the place of this process, whose locks and names are free by then. Returns
+ * only when that fails. */
+void startAgain() {
+    QByteArray path = QFile::encodeName(QCoreApplication::applicationFilePath());
+    std::array<char*, 2> arguments{path.data(), nullptr};
+    ::execv(path.constData(), arguments.data());
+}
+
+} // namespace
 
 ProgramPaths ProgramPaths::ofThisUser() {
     const auto folder = [](const char* variable, const QString& belowHome) {
@@ -25,8 +42,10 @@ ProgramPaths ProgramPaths::ofThisUser() {
 }
 
 Program::Program(const ProgramPaths& paths, Environment environment, Platform& platform)
-    : m_environment(std::move(environment))
+    : m_lock(ProcessLock::take(paths.storeFolder, storeName))
+    , m_environment(std::move(environment))
     , m_userDefaults(paths.settingsFile)
+    , m_temporaryFolderRemoval([this] { m_temporaryFolder.remove(); })
     , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, m_notes,
                              platform, m_classes, m_selection, paths.storeFolder,
                              m_temporaryFolder.path()}) {
@@ -43,6 +62,11 @@ Program::~Program() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+bool Program::isOpenElsewhere() const {
+    const int* code = std::get_if<int>(&m_lock);
+    return code && *code == EWOULDBLOCK;
+}
+
 bool Program::launch() {
     // The window comes first, so that whatever ends the program from here on is seen.
     m_engine.setInitialProperties({{QStringLiteral("keyboard"), QVariant::fromValue(&m_keyboard)},
@@ -53,6 +77,8 @@ bool Program::launch() {
     m_quickWindow = qobject_cast<QQuickWindow*>(m_engine.rootObjects().constFirst());
     setFatalErrorHandler([this](const FatalError& error) { showFatalError(error); });
 
+    if (isOpenElsewhere())
+        m_application.persistentContainer();
     m_application.didFinishLaunchingWithOptions();
     m_application.window = std::make_unique<Window>(makeRootViewController(m_storyboard));
     m_application.window->makeKeyAndVisible();
@@ -77,4 +103,6 @@ void Program::showFatalError(const FatalError& error) {
     m_quickWindow->setProperty("fatalMessage", error.message);
     m_quickWindow->show();
     untilRead.exec();
+    if (m_quickWindow->property("startsAgain").toBool())
+        startAgain();
 }

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "foundation/FatalError.h"
 #include "foundation/TemporaryFolder.h"
+#include "store/ProcessLock.h"
 #include "toolkit/Storyboard.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 
 #include <memory>
+#include <variant>
 
 /** Where a program keeps what it must not lose. */
 struct ProgramPaths {
@@ -26,7 +29,10 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    /** Opens the window and shows the first screen in it; false when the window cannot be made. */
+    /** Whether another process has the store. */
+    bool isOpenElsewhere() const;
+    /** Opens the window and shows the first screen in it; false when the window cannot be made. A
+     * store that is open elsewhere is a fatal error. */
     bool launch();
 
     /** Shows the import screen with this file loaded, as if the user had chosen it there. */
@@ -40,10 +46,13 @@ public:
 private:
     void showFatalError(const FatalError& error);
 
+    /** Taken before the store is opened, so that a second start is noticed at once. */
+    std::variant<std::shared_ptr<ProcessLock>, int> m_lock;
     Environment m_environment;
     UserDefaults m_userDefaults;
     EventLoopMainQueue m_mainQueue;
     TemporaryFolder m_temporaryFolder;
+    FatalErrorCleanup m_temporaryFolderRemoval;
     Keyboard m_keyboard;
     Notes m_notes;
     ClassRuntime m_classes;

@@ -7,6 +7,11 @@ Rectangle {
 
     required property ToolkitProgressBar control
 
+    // What assistive technology reads.
+    readonly property real value: control.progress
+    readonly property real from: 0
+    readonly property real to: 1
+
     implicitHeight: 4
     radius: height / 2
     color: Theme.line

@@ -4,6 +4,7 @@
 #include <QSocketNotifier>
 
 #include <csignal>
+#include <cstdlib>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -23,8 +24,9 @@ void quitOnSignals() {
     wakeUp = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     auto* notifier =
         new QSocketNotifier(wakeUp, QSocketNotifier::Read, QCoreApplication::instance());
+    // Not quit(), which a loop that runs before or after the application's own does not hear.
     QObject::connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(),
-                     &QCoreApplication::quit);
+                     [] { QCoreApplication::exit(EXIT_SUCCESS); });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         std::signal(signal, onSignal);
 }

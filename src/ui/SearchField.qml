@@ -25,7 +25,8 @@ T.TextField {
     Accessible.role: Accessible.EditableText
     Accessible.name: controller.searchBar.accessibilityLabel
     Accessible.searchEdit: true
-    onTextEdited: controller.searchBar.text = text
+    onTextChanged: if (text !== controller.searchBar.text)
+        controller.searchBar.text = text
     onActiveFocusChanged: controller.active = activeFocus
     Keys.onEscapePressed: focus = false
 

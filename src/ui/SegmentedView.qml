@@ -15,7 +15,7 @@ FocusScope {
     implicitHeight: Theme.touchTarget
     objectName: control.accessibilityLabel
     Accessible.role: Accessible.PageTabList
-    Accessible.name: control.accessibilityLabel
+    Accessible.name: control.accessibilityLabel || qsTr("Order")
 
     Rectangle {
         anchors.fill: row
@@ -38,7 +38,7 @@ FocusScope {
 
             model: root.control.items
 
-            T.AbstractButton {
+            T.TabButton {
                 id: segment
 
                 required property int index
@@ -61,8 +61,10 @@ FocusScope {
                 text: modelData
                 objectName: text
                 focus: selected
+                checkable: false
                 Accessible.role: Accessible.PageTab
                 Accessible.name: text
+                Accessible.selectable: true
                 Accessible.selected: selected
                 Accessible.onPressAction: segment.clicked()
                 onClicked: root.control.choose(index)

@@ -7,6 +7,19 @@ FocusScope {
 
     required property ToolkitStepper control
 
+    // What assistive technology reads and sets.
+    readonly property real value: control.value
+    readonly property real from: control.minimum
+    readonly property real to: control.maximum
+    readonly property real stepSize: 1
+
+    function setValue(wanted: real): void {
+        while (control.value < Math.min(wanted, to))
+            control.increment();
+        while (control.value > Math.max(wanted, from))
+            control.decrement();
+    }
+
     implicitWidth: 2 * Theme.touchTarget + 8
     implicitHeight: Theme.touchTarget
     visible: !control.hidden

@@ -17,6 +17,8 @@ T.Switch {
     Accessible.name: control.accessibilityLabel
     Accessible.checkable: true
     Accessible.checked: control.on
+    Accessible.onPressAction: control.toggle()
+    Accessible.onToggleAction: control.toggle()
     onToggled: control.toggle()
     Keys.onReturnPressed: control.toggle()
     Keys.onEnterPressed: control.toggle()

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Lantern
 
 /** Screens side by side, each a stack of its own, chosen by a bar at the bottom. */
@@ -52,18 +53,43 @@ FocusScope {
             Repeater {
                 model: root.controller.titles
 
-                TextButton {
+                T.TabButton {
+                    id: tab
+
                     required property int index
                     required property string modelData
+                    readonly property bool chosen: index === root.controller.selectedIndex
 
                     width: parent.width / root.controller.titles.length
                     height: parent.height
                     text: modelData
-                    bold: index === root.controller.selectedIndex
-                    tint: bold ? Theme.accent : Theme.faintInk
+                    checkable: false
+                    objectName: text
                     Accessible.role: Accessible.PageTab
-                    Accessible.selected: bold
+                    Accessible.name: text
+                    Accessible.selectable: true
+                    Accessible.selected: chosen
+                    Accessible.onPressAction: tab.clicked()
                     onClicked: root.controller.choose(index)
+                    Keys.onReturnPressed: tab.clicked()
+                    Keys.onEnterPressed: tab.clicked()
+
+                    contentItem: PlainText {
+                        text: tab.text
+                        color: tab.chosen ? Theme.accent : Theme.faintInk
+                        font.bold: tab.chosen
+                        opacity: tab.down ? 0.4 : 1
+                        elide: Text.ElideRight
+                        wrapMode: Text.NoWrap
+                        horizontalAlignment: Text.AlignHCenter
+                        verticalAlignment: Text.AlignVCenter
+                    }
+
+                    FocusRing {
+                        anchors.margins: 2
+                        radius: 8
+                        shown: tab.visualFocus
+                    }
                 }
             }
         }

@@ -101,6 +101,12 @@ FocusScope {
             visible: text !== ""
             control: root.table.header
             objectName: text
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            onTextChanged: text => {
+                if (visible)
+                    Announcer.say(this, text);
+            }
 
             readonly property bool filled: background.color.a > 0
 

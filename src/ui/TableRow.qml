@@ -60,7 +60,8 @@ T.ItemDelegate {
     text: labelAt(0)?.text ?? ""
     objectName: text
     Accessible.role: Accessible.ListItem
-    Accessible.name: (cell?.labels ?? []).map(label => label.text).join(", ")
+    Accessible.name: (cell?.labels ?? []).map(label => label.text.trim()).filter(text => text).join(", ")
+    Accessible.ignored: cell === null
     Accessible.onPressAction: root.clicked()
 
     Component.onCompleted: borrow()

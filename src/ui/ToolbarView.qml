@@ -30,6 +30,7 @@ Rectangle {
                 tint: Theme.ink
                 bold: true
                 text: item.title
+                Accessible.ignored: item.flexibleSpace
                 onClicked: item.press()
             }
         }

@@ -12,6 +12,16 @@ FocusScope {
     readonly property int rowHeight: 43
     readonly property alias currentRow: list.currentIndex
 
+    // What assistive technology reads and sets.
+    readonly property int value: list.currentIndex
+    readonly property int from: 0
+    readonly property int to: list.count - 1
+    readonly property int stepSize: 1
+
+    function setValue(row: real): void {
+        turnTo(Math.round(row));
+    }
+
     signal turned(row: int)
 
     function show(row: int): void {
@@ -36,6 +46,7 @@ FocusScope {
     objectName: name
     Accessible.role: Accessible.List
     Accessible.name: name
+    Accessible.description: (list.currentItem as Text)?.text ?? ""
     Accessible.onIncreaseAction: turn(1)
     Accessible.onDecreaseAction: turn(-1)
     Keys.onUpPressed: turn(-1)

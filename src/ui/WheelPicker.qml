@@ -12,10 +12,10 @@ FocusScope {
 
     function start(): void {
         picker.reloadAllComponents();
-        wheel.show(Math.max(0, picker.rowWithTitle(text)));
+        face.show(Math.max(0, picker.rowWithTitle(text)));
     }
 
-    implicitHeight: wheel.implicitHeight
+    implicitHeight: face.implicitHeight
     onPickerChanged: start()
     onTextChanged: {
         const row = picker.rowWithTitle(text);
@@ -28,12 +28,12 @@ FocusScope {
         target: Editing
 
         function onTurned(steps: int) {
-            wheel.turn(steps);
+            face.turn(steps);
         }
     }
 
     Wheel {
-        id: wheel
+        id: face
 
         anchors.fill: parent
         focus: true
@@ -44,6 +44,7 @@ FocusScope {
         delegate: WheelRow {
             required property var model
 
+            owner: face
             text: model.text
             font.pixelSize: model.fontSize > 0 ? model.fontSize : Theme.bodyFont
             font.bold: model.bold

@@ -5,6 +5,11 @@ import Lantern
 PlainText {
     id: root
 
+    required property int index
+    required property Wheel owner
+
+    property bool pooled: false
+
     readonly property bool chosen: ListView.isCurrentItem
 
     width: ListView.view?.width ?? 0
@@ -13,6 +18,14 @@ PlainText {
     rightPadding: Theme.gap
     opacity: chosen ? 1 : 0.55
     objectName: text
+    Accessible.role: Accessible.ListItem
+    Accessible.name: text
+    Accessible.selectable: true
+    Accessible.selected: chosen
+    Accessible.ignored: pooled
+    Accessible.onPressAction: owner.turnTo(index)
+    ListView.onPooled: pooled = true
+    ListView.onReused: pooled = false
     elide: Text.ElideRight
     wrapMode: Text.NoWrap
     verticalAlignment: Text.AlignVCenter

@@ -1,7 +1,9 @@
 #include "platform/DesktopPlatform.h"
-#include "ui/FileChooser.h"
+#include "platform/SessionBus.h"
+#include "ui/AccessibleItem.h"
 #include "ui/Program.h"
 #include "ui/QuitSignals.h"
+#include "ui/RunningProgram.h"
 
 #include <QApplication>
 #include <QDir>
@@ -22,20 +24,26 @@ std::optional<QUrl> fileToOpen() {
 } // namespace
 
 int main(int argc, char** argv) {
-    FileChooser::preferPortal(argc, argv);
-    // The print dialog is a widget; all else is Qt Quick.
+    avoidSilentSessionBus();
+    DesktopFileChooser::preferPortal();
+    // The print dialog is a widget; all else is Qt Quick. There is no application object before
+    // this one, nor another: the end of one takes Qt Quick's accessibility with it.
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern"));
     QApplication::setApplicationVersion(QStringLiteral(LANTERN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("example.lantern.Lantern"));
+    describeItemsToAssistiveTechnology();
     quitOnSignals();
 
     DesktopPlatform platform;
     Program program(ProgramPaths::ofThisUser(), Environment::ofThisDevice(), platform);
+    if (program.isOpenElsewhere() && RunningProgram::raise())
+        return EXIT_SUCCESS;
     if (!program.launch())
         return EXIT_FAILURE;
     if (const auto file = fileToOpen())
         program.openCollectionFile(*file);
+    const RunningProgram running(program.quickWindow());
     const int status = QApplication::exec();
     program.application().applicationWillTerminate();
     return status;

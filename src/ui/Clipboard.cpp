@@ -1,0 +1,8 @@
+#include "Clipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+void Clipboard::copy(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+}
