@@ -1,5 +1,8 @@
 #pragma once
 
-/** Has the program do without a session bus that takes its connection and then says nothing: Qt
- * would wait for it for ever. To be called before there is an application. */
-void avoidSilentSessionBus();
+/**
+ * Settles what Qt would wait for: a session bus that takes a connection and then says nothing is
+ * done without, and the portal's file chooser is used where it answers at once, unless the user has
+ * chosen a platform theme. To be called before there is an application.
+ */
+void askSessionBus();

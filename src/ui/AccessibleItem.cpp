@@ -185,7 +185,8 @@ QAccessible::State AccessibleItem::state() const {
     state.selected = is("selected");
     state.disabled = !item()->isEnabled();
     state.focusable = !state.disabled && (is("focusable") || item()->activeFocusOnTab());
-    state.focused = item()->hasActiveFocus();
+    // A list has the keyboard for its current row.
+    state.focused = item()->hasActiveFocus() || object()->property("current").toBool();
     state.invisible = !item()->isVisible() || qFuzzyIsNull(item()->opacity());
     state.offscreen =
         !window() || !QRect(window()->mapToGlobal(QPoint()), window()->size()).intersects(rect());
@@ -239,13 +240,14 @@ void AccessibleItem::doAction(const QString& name) {
     if (name == setFocusAction())
         item()->forceActiveFocus(Qt::TabFocusReason);
     const auto action = std::ranges::find(actions, name, &Action::name);
+    // The bus has its answer before the action, which may lead to a page that waits for the user.
     if (action != actions.end())
-        QMetaObject::invokeMethod(description(), action->signal);
+        QMetaObject::invokeMethod(description(), action->signal, Qt::QueuedConnection);
 }
 
 void AccessibleItem::setCurrentValue(const QVariant& value) {
     if (canBeWorked())
-        QMetaObject::invokeMethod(object(), "setValue", Q_ARG(QVariant, value));
+        QMetaObject::invokeMethod(object(), "setValue", Q_ARG(double, value.toDouble()));
 }
 
 QAccessibleInterface* makeInterface(const QString& className, QObject* object) {

@@ -8,6 +8,11 @@
 #include <QDBusVariant>
 #endif
 
+void Announcer::focus(QQuickItem* item) {
+    QAccessibleEvent event(item, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
+}
+
 void Announcer::say(QQuickItem* item, const QString& text) {
     if (!QAccessible::isActive() || !item || text.isEmpty())
         return;

@@ -3,13 +3,15 @@
 #include <QQuickItem>
 #include <qqml.h>
 
-/** Has a screen reader say something that does not take the keyboard's focus. */
+/** Tells a screen reader what it does not see by itself. */
 class Announcer : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
 
 public:
+    /** Tells that the keyboard works this item now, though what holds it has the focus. */
+    Q_INVOKABLE static void focus(QQuickItem* item);
     /** Says a text on behalf of an item of the window, when the reader has nothing else to say. */
     Q_INVOKABLE static void say(QQuickItem* item, const QString& text);
 };

@@ -75,6 +75,8 @@ T.ItemDelegate {
         borrow();
     }
     onPressed: swiped = false
+    onCurrentChanged: if (current)
+        Announcer.focus(root)
     onClicked: {
         if (owner.openRow !== null) {
             owner.openRow = null;

@@ -11,6 +11,7 @@ PlainText {
     property bool pooled: false
 
     readonly property bool chosen: ListView.isCurrentItem
+    readonly property bool current: chosen && (owner?.activeFocus ?? false)
 
     width: ListView.view?.width ?? 0
     height: 43
@@ -24,6 +25,8 @@ PlainText {
     Accessible.selected: chosen
     Accessible.ignored: pooled
     Accessible.onPressAction: owner.turnTo(index)
+    onCurrentChanged: if (current)
+        Announcer.focus(root)
     ListView.onPooled: pooled = true
     ListView.onReused: pooled = false
     elide: Text.ElideRight

@@ -24,8 +24,7 @@ std::optional<QUrl> fileToOpen() {
 } // namespace
 
 int main(int argc, char** argv) {
-    avoidSilentSessionBus();
-    DesktopFileChooser::preferPortal();
+    askSessionBus();
     // The print dialog is a widget; all else is Qt Quick. There is no application object before
     // this one, nor another: the end of one takes Qt Quick's accessibility with it.
     const QApplication application(argc, argv);
