@@ -11,6 +11,11 @@ QStringList namesOfAllQuotes(ManagedObjectContext& context, TextKey<Event> key) 
         qCWarning(lcApp) << result.error->description;
     // Absent values come first.
     if (!result.records.empty() && !result.records.front()->value(key))
-        fatalError(QStringLiteral("A quote has no author or no source"));
+        fatalError(
+            QStringLiteral("A quote has no %1, so that the list of names cannot be made: \"%2\"\n\n"
+                           "It can be deleted in the quote list.")
+                .arg(key.attribute == Event::Keys::author.attribute ? QStringLiteral("author")
+                                                                    : QStringLiteral("source"),
+                     result.records.front()->quote().value_or(QString()).left(200)));
     return distinctNames(result.records, key);
 }

@@ -1,5 +1,8 @@
 #include "RegularExpression.h"
 
+#include <QRegularExpression>
+
+#include <algorithm>
 #include <memory>
 #include <unicode/uregex.h>
 
@@ -11,18 +14,31 @@ struct CloseExpression {
     void operator()(URegularExpression* expression) const { uregex_close(expression); }
 };
 
+// ICU notices what is never closed only at the pattern's end.
+QString faultySign(const QString& pattern, UErrorCode fault, int32_t offset) {
+    if (fault == U_REGEX_MISSING_CLOSE_BRACKET)
+        return QStringLiteral("[");
+    if (fault == U_REGEX_MISMATCHED_PAREN && pattern.count(u'(') > pattern.count(u')'))
+        return QStringLiteral("(");
+    const qsizetype place = std::clamp<qsizetype>(offset - 1, 0, pattern.size() - 1);
+    const qsizetype sign =
+        pattern.lastIndexOf(QRegularExpression(QStringLiteral("[\\\\()\\[\\]{}*+?|^$]")), place);
+    return pattern.mid(std::max<qsizetype>(sign, 0), 1);
+}
+
 } // namespace
 
-std::optional<std::vector<TextRange>> matchesIgnoringCase(const QString& pattern,
-                                                          const QString& text) {
+std::variant<std::vector<TextRange>, PatternFault> matchesIgnoringCase(const QString& pattern,
+                                                                       const QString& text) {
+    UParseError place{};
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<URegularExpression, CloseExpression> expression(
         uregex_open(reinterpret_cast<const UChar*>(pattern.utf16()), int32_t(pattern.size()),
-                    UREGEX_CASE_INSENSITIVE, nullptr, &status));
+                    UREGEX_CASE_INSENSITIVE, &place, &status));
     if (status == U_REGEX_PATTERN_TOO_BIG)
         return std::vector<TextRange>();
     if (U_FAILURE(status))
-        return std::nullopt;
+        return PatternFault{faultySign(pattern, status, place.offset)};
     uregex_setTimeLimit(expression.get(), timeLimit, &status);
     uregex_setText(expression.get(), reinterpret_cast<const UChar*>(text.utf16()),
                    int32_t(text.size()), &status);

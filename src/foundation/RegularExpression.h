@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include <optional>
+#include <variant>
 #include <vector>
 
 /** A part of a text, in UTF-16 units. */
@@ -13,10 +13,14 @@ struct TextRange {
     bool operator==(const TextRange&) const = default;
 };
 
+/** Why a pattern is no valid expression. */
+struct PatternFault {
+    QString sign; ///< the one that makes it none, as near as ICU tells
+};
+
 /**
- * Where an expression (ICU's syntax, any case) matches in a text; nothing when the pattern is no
- * valid expression. A search that takes longer than a fraction of a second ends with the matches
- * found so far.
+ * Where an expression (ICU's syntax, any case) matches in a text. A search that takes longer than a
+ * fraction of a second ends with the matches found so far.
  */
-std::optional<std::vector<TextRange>> matchesIgnoringCase(const QString& pattern,
-                                                          const QString& text);
+std::variant<std::vector<TextRange>, PatternFault> matchesIgnoringCase(const QString& pattern,
+                                                                       const QString& text);

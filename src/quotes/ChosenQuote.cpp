@@ -1,5 +1,12 @@
 #include "ChosenQuote.h"
 
+QString lacks(const char* what, const QString& quote) {
+    return QStringLiteral(
+               "The chosen quote has no %1: \"%2\"\n\nIt cannot be opened, but it can be "
+               "deleted in the quote list.")
+        .arg(QLatin1String(what), quote.left(200));
+}
+
 void chooseQuote(const Event& quote, SelectionValues& selection,
                  const std::function<QString(Date)>& dateText) {
     selection.selectedAuthor = required(quote, quote.author(), "author");

@@ -6,15 +6,15 @@
 
 #include <functional>
 
+/** Tells of a quote that cannot be opened, for it has no author, say. */
+QString lacks(const char* what, const QString& quote);
+
 /** What a chosen quote must have; to lack it is a fatal error, which names the quote by its text,
  * or by its source when it has none. */
 template <class Value>
 Value required(const Event& quote, const std::optional<Value>& value, const char* what) {
-    if (!value) {
-        const QString name = quote.quote().value_or(quote.source().value_or(QString()));
-        fatalError(QStringLiteral("The chosen quote has no %1: \"%2\"")
-                       .arg(QLatin1String(what), name.left(200)));
-    }
+    if (!value)
+        fatalError(lacks(what, quote.quote().value_or(quote.source().value_or(QString()))));
     return *value;
 }
 

@@ -4,6 +4,7 @@
 #include "app/TextSharing.h"
 #include "foundation/FatalError.h"
 #include "foundation/RegularExpression.h"
+#include "quotes/ChosenQuote.h"
 #include "shared/CommonLook.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/Storyboard.h"
@@ -67,8 +68,7 @@ void DetailViewController::viewDidLoad() {
     styleFormField(*FontSizeTextField);
     styleButton(*FullScreenButton);
     if (!m_key.date)
-        fatalError(
-            QStringLiteral("The chosen quote has no date: \"%1\"").arg(m_shownQuoteText.left(200)));
+        fatalError(lacks("date", m_shownQuoteText));
     DateAddedTextField->setText(
         formatDate(*m_key.date, DateStyle::Medium, m_application.services.environment));
     SourceTextField->setText(m_key.source);
@@ -129,13 +129,23 @@ void DetailViewController::SaveQuote() {
     Results = recordsOfKey();
     ResultsCount = qsizetype(Results.size());
     if (Results.empty())
-        fatalError(
-            QStringLiteral("The quote by \"%1\" is no longer in the store").arg(m_key.author));
+        fatalError(whyNotFound());
     form.write(*Results.front());
     if (const auto error = m_application.persistentContainer().viewContext().save())
         qCWarning(lcQuotes) << error->description;
     if (!returnToOpener())
         endSaving();
+}
+
+QString DetailViewController::whyNotFound() const {
+    auto request = Event::fetchRequest();
+    request.predicate = Event::Keys::quote == m_shownQuoteText;
+    const auto count = m_application.persistentContainer().viewContext().count(request);
+    return (count > 0
+                ? QStringLiteral("The quote by \"%1\" was changed since this screen opened, and "
+                                 "cannot be found by what it was. Open it again to change it.")
+                : QStringLiteral("The quote by \"%1\" is no longer in the store"))
+        .arg(m_key.author);
 }
 
 void DetailViewController::insertNewObject() {
@@ -208,11 +218,15 @@ void DetailViewController::showHighlighted() {
     if (!m_shownQuoteText.isEmpty()) {
         // The expression is the quote itself, so that an ordinary quote is highlighted whole.
         const auto matches = matchesIgnoringCase(m_shownQuoteText, m_shownQuoteText);
-        if (!matches)
-            fatalError(QStringLiteral("The quote is no valid search expression: \"%1\"")
-                           .arg(m_shownQuoteText.left(200)));
-        text.highlights = *matches;
-        text.centered = !matches->empty();
+        if (const auto* fault = std::get_if<PatternFault>(&matches))
+            fatalError(
+                QStringLiteral(
+                    "A quote with the sign \"%1\" in this place cannot be opened: \"%2\"\n\n"
+                    "It can be deleted in the quote list. Or export the collection, mend the "
+                    "quote in a text program, delete it here and import the file.")
+                    .arg(fault->sign, m_shownQuoteText.left(200)));
+        text.highlights = std::get<std::vector<TextRange>>(matches);
+        text.centered = !text.highlights.empty();
     }
     QuoteTextView->setAttributedText(text);
     QuoteTextView->setFont({QString(), ReaderFontSize});

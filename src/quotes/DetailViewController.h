@@ -87,6 +87,7 @@ private:
     bool returnToOpener();
     /** The key may have changed under the quote, which must be opened again to be saved again. */
     void endSaving();
+    QString whyNotFound() const;
 
     AppDelegate& m_application;
     RecordKey m_key;

@@ -53,7 +53,6 @@ FocusScope {
     }
 
     implicitHeight: 160
-    objectName: control.accessibilityLabel
     Accessible.role: Accessible.EditableText
     Accessible.name: control.accessibilityLabel
     Accessible.readOnly: true
@@ -92,6 +91,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         keyNavigationEnabled: false
+        objectName: root.control.accessibilityLabel
         Keys.onUpPressed: event => event.modifiers & Qt.ShiftModifier
                                    ? root.extend(-1) : root.scroll(-2 * Theme.touchTarget)
         Keys.onDownPressed: event => event.modifiers & Qt.ShiftModifier

@@ -1,4 +1,5 @@
 #include "names/Breakdowns.h"
+#include "quotes/ChosenQuote.h"
 #include "quotes/DetailViewController.h"
 #include "support/TestApplication.h"
 
@@ -182,7 +183,7 @@ TEST_F(Breakdowns, RequireEveryValueOfAChosenQuote) {
     TopicBreakdownTableViewController screen(application.delegate);
     screen.loadViewIfNeeded();
     EXPECT_EQ(fatalMessageOf([&] { screen.didSelectRowAtIndexPath(1); }),
-              "The chosen quote has no date: \"q\"");
+              lacks("date", QStringLiteral("q")));
     EXPECT_EQ(application.selection.selectedAuthor, "A0");
 }
 

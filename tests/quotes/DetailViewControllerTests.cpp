@@ -1,3 +1,4 @@
+#include "quotes/ChosenQuote.h"
 #include "quotes/DetailViewController.h"
 #include "quotes/QuoteFullScreenViewController.h"
 #include "support/TestApplication.h"
@@ -85,15 +86,24 @@ TEST_F(Detail, KeepsTheReadingSize) {
 }
 
 TEST_F(Detail, EndsTheProgramAtWhatItCannotShow) {
-    EXPECT_EQ(fatalMessageOf([&] { open("a (bracket"); }),
-              "The quote is no valid search expression: \"a (bracket\"");
+    for (const auto& [quote, sign] :
+         std::initializer_list<std::pair<const char*, const char*>>{{"a (bracket", "("},
+                                                                    {"a bracket)", ")"},
+                                                                    {"[open", "["},
+                                                                    {"*) a note", "*"},
+                                                                    {"C:\\Users", "\\"}}) {
+        EXPECT_TRUE(fatalMessageOf([&, quote = quote] {
+                        open(quote);
+                    }).startsWith(QStringLiteral("A quote with the sign \"%1\"").arg(sign)))
+            << quote;
+    }
     application.userDefaults.setText(sizeKey, QStringLiteral("large"));
     EXPECT_EQ(fatalMessageOf([&] { open(); }), "The setting ReaderFontSize is not a number: large");
     application.userDefaults.setInteger(sizeKey, 14);
     application.selection.selectedDate.reset();
     DetailViewController undated(application.delegate);
     EXPECT_EQ(fatalMessageOf([&] { undated.viewDidLoad(); }),
-              "The chosen quote has no date: \"text\"");
+              lacks("date", QStringLiteral("text")));
 }
 
 TEST_F(Detail, IsNotHeldByAnExpressionThatBacktracks) {

@@ -1,3 +1,4 @@
+#include "quotes/ChosenQuote.h"
 #include "quotes/NewViewTableViewController.h"
 #include "support/TestApplication.h"
 #include "toolkit/SubtitleTableViewCell.h"
@@ -39,7 +40,7 @@ TEST(QuotesByTopic, HandsOnACompleteQuoteOnly) {
     EXPECT_EQ(application.selection.selectedQuoteText, "q");
     EXPECT_EQ(application.selection.callingScreen, "Menu");
     EXPECT_EQ(fatalMessageOf([&] { list.didSelectRowAtIndexPath(1); }),
-              "The chosen quote has no date: \"q\"");
+              lacks("date", QStringLiteral("q")));
     EXPECT_EQ(application.selection.selectedTopic, "U"); // what came before stays
     EXPECT_NE(fatalMessageOf([&] { list.didSelectRowAtIndexPath(2); }), "");
 }

@@ -11,9 +11,11 @@
 #include "toolkit/Storyboard.h"
 #include "toolkit/TabBarController.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QTimer>
 #include <QUrl>
 
@@ -349,6 +351,13 @@ TEST_F(Views, ExportIsCreatedSavedAndMailed) {
     EXPECT_FALSE(screen.activityIndicator->isAnimating());
     EXPECT_EQ(screen.ProgressView->progress(), 1);
     EXPECT_EQ(pilot->find(QStringLiteral("Export text")).property("count"), 3);
+    pilot->drag(pilot->placeOf(QStringLiteral("[QUOTECOLLECTION]")).center(), {30, 24});
+    pilot->press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              "[QUOTECOLLECTION]\nAnn^a^Source^2020-09-13 12:26:40 +0000^<b>one</b>");
+    pilot->press(Qt::Key_A, Qt::ControlModifier);
+    pilot->press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().endsWith(QStringLiteral("[TOPICCOLLECTION]")));
     pilot->tap(QStringLiteral("Save To Files"));
     pilot->tap(QStringLiteral("Save to Files"));
     ASSERT_EQ(platform.saved.size(), 1);
@@ -403,7 +412,9 @@ TEST_F(Views, FatalMessageStaysInTheWindowUntilItIsRead) {
     EXPECT_EXIT(
         {
             QTimer::singleShot(0, [this] {
-                pilot->find(QStringLiteral("The lamp <b>went out</b>"));
+                if (pilot->find(QStringLiteral("Reason")).property("text") !=
+                    QStringLiteral("The lamp <b>went out</b>"))
+                    std::_Exit(2);
                 pilot->tap(QStringLiteral("Quit"));
             });
             fatalError(QStringLiteral("The lamp <b>went out</b>"));
