@@ -19,8 +19,8 @@ FocusScope {
     onPickerChanged: start()
     onTextChanged: {
         const row = picker.rowWithTitle(text);
-        if (row >= 0 && row !== wheel.currentRow)
-            wheel.show(row);
+        if (row >= 0 && row !== face.currentRow)
+            face.show(row);
     }
     Component.onCompleted: start()
 
