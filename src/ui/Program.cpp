@@ -7,6 +7,7 @@
 #include "ui/Scenes.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QEventLoop>
 #include <QFile>
 #include <QQmlExtensionPlugin>
@@ -45,7 +46,7 @@ Program::Program(const ProgramPaths& paths, Environment environment, Platform& p
     : m_lock(ProcessLock::take(paths.storeFolder, storeName))
     , m_environment(std::move(environment))
     , m_userDefaults(paths.settingsFile)
-    , m_temporaryFolderRemoval([this] { m_temporaryFolder.remove(); })
+    , m_temporaryFolderRemoval([this] { QDir(m_temporaryFolder.path()).removeRecursively(); })
     , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, m_notes,
                              platform, m_classes, m_selection, paths.storeFolder,
                              m_temporaryFolder.path()}) {
