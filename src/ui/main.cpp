@@ -36,13 +36,16 @@ int main(int argc, char** argv) {
 
     DesktopPlatform platform;
     Program program(ProgramPaths::ofThisUser(), Environment::ofThisDevice(), platform);
-    if (program.isOpenElsewhere() && RunningProgram::raise())
+    const auto file = fileToOpen();
+    if (program.isOpenElsewhere() && (file ? RunningProgram::open(*file) : RunningProgram::raise()))
         return EXIT_SUCCESS;
     if (!program.launch())
         return EXIT_FAILURE;
-    if (const auto file = fileToOpen())
+    if (file)
         program.openCollectionFile(*file);
-    const RunningProgram running(program.quickWindow());
+    const RunningProgram running(program.quickWindow(), [&program](const QUrl& other) {
+        program.openCollectionFile(other);
+    });
     const int status = QApplication::exec();
     program.application().applicationWillTerminate();
     return status;

@@ -61,12 +61,12 @@ def value(node):
 class Lantern:
     """A running Lantern, with its data in a home folder."""
 
-    def __init__(self, program, home, **environment):
+    def __init__(self, command, home, **environment):
         os.makedirs(home, exist_ok=True)
         settings = {"HOME": home, "ASAN_OPTIONS": "detect_leaks=0", **environment}
         self.store = os.path.join(home, ".local/share/Lantern/Lantern.sqlite")
         self.settings = os.path.join(home, ".config/Lantern/Lantern.ini")
-        self.process = subprocess.Popen([program], env={**os.environ, **settings},
+        self.process = subprocess.Popen(command, env={**os.environ, **settings},
                                         stderr=subprocess.PIPE, text=True)
 
     def _own_window(self):

@@ -25,8 +25,8 @@ class ProgramTest(unittest.TestCase):
         self.home = tempfile.mkdtemp()
         self.addCleanup(shutil.rmtree, self.home)
 
-    def start(self, **environment):
-        lantern = Lantern(PROGRAM, self.home, **environment)
+    def start(self, *files, **environment):
+        lantern = Lantern([PROGRAM, *files], self.home, **environment)
         self.addCleanup(lantern.kill)
         return lantern
 
@@ -216,6 +216,23 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(without_bus.quit(), 1)
         self.assertIsNone(first.process.poll())
         first.press("Menu")
+
+    def test_a_file_is_opened_by_the_program_that_runs(self):
+        file = os.path.join(self.home, "a name\u2009with % and #.csv")
+        with open(file, "w", encoding="utf-8") as collection:
+            collection.write("[QUOTECOLLECTION]\nEmily^Hope^Poems^^With feathers\n")
+        first = self.start(file)
+        first.press("OK")
+        self.assertIn("With feathers", first.read("Import text"))
+        first.go_home()
+        self.assertEqual(self.start(file).ends(), 0)
+        first.press("OK", "Import File", "OK")
+        first.find("Menu")
+        self.assertEqual(self.start(self.home).ends(), 0)
+        first.press("OK")
+        self.assertNotIn("enabled", states(first.find("Import File")))
+        self.assertEqual(first.quit(), 0)
+        self.assertEqual(first.stored("select quote from event"), [("With feathers",)])
 
     def test_the_window_is_there_in_every_session(self):
         for environment in ({"XDG_CURRENT_DESKTOP": "GNOME"}, {"XDG_CURRENT_DESKTOP": "KDE"},
