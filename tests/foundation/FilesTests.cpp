@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #include <utime.h>
 
 namespace {
@@ -64,6 +65,10 @@ TEST_F(Files, OnlyRegularFilesOfOnesOwnAreRead) {
     EXPECT_EQ(readOwnFile(path("file")), QByteArray("a\0b", 3));
     for (const char* other : {"link", "pipe", ".", "absent"})
         EXPECT_FALSE(readOwnFile(path(other))) << other;
+    // Only root can have a file of another's.
+    if (::chown(QFile::encodeName(path("file")).constData(), 1, 1) == 0) {
+        EXPECT_FALSE(readOwnFile(path("file")));
+    }
 }
 
 TEST_F(Files, FoldersAreMadeForTheirOwnerAlone) {

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <system_error>
 #include <unistd.h>
@@ -17,8 +18,9 @@ thread_local FailingCalls* failing = nullptr;
 int openFile(const char* path, int flags, std::va_list arguments) {
     const bool hasMode = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
     const auto mode = hasMode ? va_arg(arguments, mode_t) : 0;
-    return FailingCalls::strikes(path) ? -1
-                                       : int(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+    return FailingCalls::strikes("open", path)
+               ? -1
+               : int(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
 } // namespace
@@ -35,9 +37,11 @@ FailingCalls::~FailingCalls() {
     failing = nullptr;
 }
 
-bool FailingCalls::strikes(const std::string& path) {
+bool FailingCalls::strikes(const char* kind, const std::string& path) {
     if (failing == nullptr || !path.starts_with(failing->m_folder))
         return false;
+    if (path.find('/', failing->m_folder.size() + 1) == std::string::npos)
+        ++failing->m_counts[kind];
     if (failing->m_hasFailed ? !failing->m_keepsFailing : --failing->m_countdown > 0)
         return false;
     failing->m_hasFailed = true;
@@ -45,13 +49,13 @@ bool FailingCalls::strikes(const std::string& path) {
     return true;
 }
 
-bool FailingCalls::strikes(int descriptor) {
+bool FailingCalls::strikes(const char* kind, int descriptor) {
     if (failing == nullptr)
         return false;
     std::error_code isNoFile;
     return strikes(
-        std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), isNoFile)
-            .string());
+        kind, std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), isNoFile)
+                  .string());
 }
 
 extern "C" {
@@ -73,7 +77,7 @@ int open64(const char* path, int flags, ...) {
 }
 
 ssize_t write(int file, const void* bytes, std::size_t count) {
-    if (FailingCalls::strikes(file)) {
+    if (FailingCalls::strikes("write", file)) {
         const int reason = errno;
         ::syscall(SYS_write, file, bytes, count / 2);
         errno = reason;
@@ -83,19 +87,23 @@ ssize_t write(int file, const void* bytes, std::size_t count) {
 }
 
 int fsync(int file) {
-    return FailingCalls::strikes(file) ? -1 : int(::syscall(SYS_fsync, file));
+    struct stat status {};
+    ::fstat(file, &status);
+    return FailingCalls::strikes(S_ISDIR(status.st_mode) ? "sync of a folder" : "sync", file)
+               ? -1
+               : int(::syscall(SYS_fsync, file));
 }
 
 int fdatasync(int file) {
-    return FailingCalls::strikes(file) ? -1 : int(::syscall(SYS_fdatasync, file));
+    return FailingCalls::strikes("sync", file) ? -1 : int(::syscall(SYS_fdatasync, file));
 }
 
 int rename(const char* from, const char* to) noexcept {
-    return FailingCalls::strikes(to) ? -1 : int(::syscall(SYS_rename, from, to));
+    return FailingCalls::strikes("move", to) ? -1 : int(::syscall(SYS_rename, from, to));
 }
 
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
-    return FailingCalls::strikes(to)
+    return FailingCalls::strikes("link", to)
                ? -1
                : int(::syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 /**
@@ -16,10 +17,13 @@ public:
     FailingCalls& operator=(const FailingCalls&) = delete;
 
     bool hasFailed() const { return m_hasFailed; }
+    /** How many calls of each kind, such as "sync", there were for the folder and what is in it,
+     * though not for what is in folders below. */
+    const std::map<std::string, int>& counts() const { return m_counts; }
 
-    /** Whether a call for this path or descriptor fails; errno then says why. */
-    static bool strikes(const std::string& path);
-    static bool strikes(int descriptor);
+    /** Whether a call of a kind for this path or descriptor fails; errno then says why. */
+    static bool strikes(const char* kind, const std::string& path);
+    static bool strikes(const char* kind, int descriptor);
 
 private:
     std::string m_folder;
@@ -27,4 +31,5 @@ private:
     int m_error;
     bool m_keepsFailing;
     bool m_hasFailed = false;
+    std::map<std::string, int> m_counts;
 };

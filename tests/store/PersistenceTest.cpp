@@ -1,4 +1,5 @@
 #include "StoreFixture.h"
+#include "store/Connection.h"
 
 #include <QFileInfo>
 
@@ -245,6 +246,14 @@ TEST_F(PersistenceTest, KeepsChangesPendingWhenTheyCannotBeWritten) {
     EXPECT_EQ(WEXITSTATUS(status), 0);
     EXPECT_EQ(topics(open()->viewContext()),
               (std::vector{QString(100000, u'x'), QStringLiteral("inserted")}));
+}
+
+TEST_F(PersistenceTest, GoesOnAfterATransactionThatFailed) {
+    const auto opened = StoreConnection::open(folder(), QStringLiteral("Lantern"));
+    auto& connection = *std::get<std::shared_ptr<StoreConnection>>(opened);
+    // SQLite itself ends a transaction after a full disk, and not after all that may happen.
+    EXPECT_TRUE(connection.transaction([] { return SQLITE_TOOBIG; }));
+    EXPECT_FALSE(connection.transaction([] { return SQLITE_DONE; }));
 }
 
 TEST_F(PersistenceTest, KeepsASaveWhenTheProcessIsKilledAndItsLogShort) {
