@@ -89,14 +89,20 @@ std::optional<StoreError> ManagedObjectContext::writeWhatWasSaved() {
             }
             return code;
         });
-        if (m_writingObserver)
-            m_writingObserver(error);
-        if (error)
+        if (error) {
+            tellOfWriting(error);
             return error;
+        }
     }
     for (const auto& table : m_tables)
         table->finishNoted();
+    tellOfWriting(std::nullopt);
     return std::nullopt;
+}
+
+void ManagedObjectContext::tellOfWriting(const std::optional<StoreError>& error) const {
+    if (m_writingObserver)
+        m_writingObserver(error);
 }
 
 SaveGroup::SaveGroup(ManagedObjectContext& context)

@@ -66,11 +66,22 @@ public:
     /** Whether save() would write anything. */
     bool hasChanges() const;
 
+    /** The records with changes that are not saved, among them deleted ones. */
+    template <class Record>
+    std::vector<Record*> changed() {
+        std::vector<Record*> records;
+        for (auto& record : objectsOf<Record>()) {
+            if (record.hasChanges())
+                records.push_back(&record);
+        }
+        return records;
+    }
+
     /** Has `observer` called before a save takes its changes, for as long as the result lives. */
     using Observation = std::shared_ptr<const std::function<void()>>;
     [[nodiscard]] Observation observeChanges(std::function<void()> observer);
 
-    /** Has `observer` told of each try to write: why it failed, or nothing. */
+    /** Has `observer` told of each try to write all changes: why it failed, or nothing. */
     void observeWriting(std::function<void(const std::optional<StoreError>&)> observer) {
         m_writingObserver = std::move(observer);
     }
@@ -114,6 +125,7 @@ private:
     static std::uint32_t insertRow(EntityTable& table);
     static std::size_t rowCount(const EntityTable& table);
     std::optional<StoreError> writeWhatWasSaved();
+    void tellOfWriting(const std::optional<StoreError>& error) const;
 
     std::shared_ptr<StoreConnection> m_connection;
     std::array<std::unique_ptr<EntityTable>, 4> m_tables;
