@@ -7,9 +7,13 @@
 #include <QDate>
 #include <QLoggingCategory>
 
+#include <utility>
+
 Q_DECLARE_LOGGING_CATEGORY(lcApp)
 
 namespace {
+
+constexpr double secondsToNextTry = 60;
 
 /** A store that is no longer there takes no later save either, whatever the screen makes of it. */
 void endIfLost(const std::optional<StoreError>& error) {
@@ -30,7 +34,7 @@ PersistentContainer& AppDelegate::persistentContainer() {
             fatalError(error->unresolved());
         m_persistentContainer = std::move(container);
         m_persistentContainer->viewContext().observeWriting(
-            [](const std::optional<StoreError>& error) { endIfLost(error); });
+            [this](const std::optional<StoreError>& error) { noteWriting(error); });
     }
     return *m_persistentContainer;
 }
@@ -53,6 +57,27 @@ void AppDelegate::savePendingChanges() {
         qCWarning(lcApp).noquote() << error->unresolved();
 }
 
+void AppDelegate::noteWriting(const std::optional<StoreError>& error) {
+    endIfLost(error);
+    QString sentence;
+    if (error) {
+        const bool isFull = error->cause == StoreError::Cause::Space;
+        sentence = QStringLiteral("Not on disk yet: %1")
+                       .arg(isFull ? QStringLiteral("no space left") : error->reason);
+        if (!std::exchange(m_triesAgain, true))
+            services.mainQueue.after(secondsToNextTry, [this] {
+                m_triesAgain = false;
+                savePendingChanges();
+            });
+    }
+    if (std::exchange(m_notOnDisk, sentence) != sentence && notOnDiskChanged)
+        notOnDiskChanged(sentence);
+}
+
+ManagedObjectContext* AppDelegate::pendingChanges() {
+    return m_persistentContainer ? &m_persistentContainer->viewContext() : nullptr;
+}
+
 bool AppDelegate::didFinishLaunchingWithOptions() {
     UITextViewWorkaround::executeWorkaround(services.classes, services.environment.systemVersion);
     return true;
@@ -64,10 +89,13 @@ void AppDelegate::applicationWillTerminate() {
         endIfLost(m_persistentContainer->findLoss());
 }
 
+QString today(const Environment& environment) {
+    const auto [year, month, day, time] = wallTime(environment.now(), environment);
+    return QDate(year, month, day).toString(Qt::ISODate);
+}
+
 std::unique_ptr<PersistentContainer> makePersistentContainer(const Services& services) {
-    const auto today = [&environment = services.environment] {
-        const auto [year, month, day, time] = wallTime(environment.now(), environment);
-        return QDate(year, month, day).toString(Qt::ISODate);
-    };
-    return std::make_unique<PersistentContainer>(storeName, services.storeFolder, today);
+    return std::make_unique<PersistentContainer>(
+        storeName, services.storeFolder,
+        [&environment = services.environment] { return today(environment); });
 }

@@ -9,15 +9,27 @@ FocusScope {
 
     required property string message
 
-    /** Whether the program is to start anew once it has quit. */
-    property bool startsAgain: false
+    /** What is true of the end: what is kept, and what is not. */
+    property string kept
 
-    signal quit
+    /** The day of a backup that can be restored; nothing where there is none. */
+    property string backupDay
+    property bool offersRescue: false
+
+    /** "quit", "again", "restore" or "rescue". */
+    property string choice: "quit"
+
+    signal chosen
+
+    function choose(what: string) {
+        choice = what;
+        chosen();
+    }
 
     parent: T.Overlay.overlay
     anchors.fill: parent
     z: 1
-    Keys.onEscapePressed: root.quit()
+    Keys.onEscapePressed: root.choose("quit")
     onVisibleChanged: if (visible)
         again.forceActiveFocus(Qt.TabFocusReason)
 
@@ -75,12 +87,27 @@ FocusScope {
 
         PlainText {
             width: parent.width
-            text: qsTr("What you have saved is kept.")
+            visible: text !== ""
+            text: root.kept
             color: Theme.faintInk
             font.pixelSize: Theme.secondaryFont
             horizontalAlignment: Text.AlignHCenter
             Accessible.role: Accessible.StaticText
             Accessible.name: text
+        }
+
+        TextButton {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: root.backupDay !== ""
+            text: qsTr("Restore the backup of %1").arg(root.backupDay)
+            onClicked: root.choose("restore")
+        }
+
+        TextButton {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: root.offersRescue
+            text: qsTr("Rescue what can be read")
+            onClicked: root.choose("rescue")
         }
 
         Row {
@@ -93,10 +120,7 @@ FocusScope {
                 text: qsTr("Start again")
                 bold: true
                 focus: true
-                onClicked: {
-                    root.startsAgain = true;
-                    root.quit();
-                }
+                onClicked: root.choose("again")
             }
 
             TextButton {
@@ -107,7 +131,7 @@ FocusScope {
 
             TextButton {
                 text: qsTr("Quit")
-                onClicked: root.quit()
+                onClicked: root.choose("quit")
             }
         }
     }

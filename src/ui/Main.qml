@@ -15,9 +15,15 @@ T.ApplicationWindow {
     property ToolkitWindow window: null
     property string fatalMessage
     readonly property bool ending: fatalMessage !== ""
-    readonly property alias startsAgain: fatalPage.startsAgain
+    property alias kept: fatalPage.kept
+    property alias backupDay: fatalPage.backupDay
+    property alias offersRescue: fatalPage.offersRescue
+    property alias choice: fatalPage.choice
 
-    signal quitRequested
+    /** What there is to say of saves that are not on disk. */
+    property alias notOnDisk: notOnDiskLine.text
+
+    signal fatalChoice
 
     width: 390
     height: 844
@@ -38,9 +44,18 @@ T.ApplicationWindow {
 
             NavigationView {
                 anchors.fill: parent
+                anchors.bottomMargin: notOnDiskLine.visible ? notOnDiskLine.height : 0
                 focus: true
                 controller: root.window?.rootViewController as NavigationController
             }
+        }
+
+        NotOnDiskLine {
+            id: notOnDiskLine
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
         }
 
         InputSheet {
@@ -61,6 +76,6 @@ T.ApplicationWindow {
 
         visible: root.ending
         message: root.fatalMessage
-        onQuit: root.quitRequested()
+        onChosen: root.fatalChoice()
     }
 }

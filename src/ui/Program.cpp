@@ -1,12 +1,17 @@
 #include "Program.h"
 
 #include "exchange/ImportViewController.h"
+#include "exchange/UnsavedChanges.h"
 #include "foundation/FatalError.h"
 #include "foundation/Files.h"
+#include "store/Backups.h"
+#include "store/Records.h"
+#include "store/Recovery.h"
 #include "toolkit/NavigationController.h"
 #include "ui/Scenes.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
@@ -78,6 +83,9 @@ bool Program::launch() {
     m_quickWindow = qobject_cast<QQuickWindow*>(m_engine.rootObjects().constFirst());
     setFatalErrorHandler([this](const FatalError& error) { showFatalError(error); });
 
+    m_application.notOnDiskChanged = [this](const QString& sentence) {
+        m_quickWindow->setProperty("notOnDisk", sentence);
+    };
     if (isOpenElsewhere())
         m_application.persistentContainer();
     m_application.didFinishLaunchingWithOptions();
@@ -100,12 +108,89 @@ NavigationController& Program::navigation() {
 }
 
 void Program::showFatalError(const FatalError& error) {
-    QEventLoop untilRead;
-    QObject::connect(m_quickWindow, SIGNAL(quitRequested()), &untilRead, SLOT(quit()));
-    QObject::connect(m_quickWindow, &QWindow::visibleChanged, &untilRead, &QEventLoop::quit);
     m_quickWindow->setProperty("fatalMessage", error.message);
+    const bool isDamaged = isStoreDamaged();
+    m_quickWindow->setProperty(
+        "kept", isDamaged ? QStringLiteral("The damaged file is left as it is.") : whatIsKept());
+    const Backups backups(m_application.services.storeFolder, storeName);
+    const auto backup = isDamaged ? backups.newestWholeDay() : std::optional<QString>();
+    if (backup)
+        m_quickWindow->setProperty("backupDay", shownDay(*backup));
+    m_quickWindow->setProperty("offersRescue", isDamaged);
     m_quickWindow->show();
-    untilRead.exec();
-    if (m_quickWindow->property("startsAgain").toBool())
+    QString choice = waitForChoice();
+    while (choice == QStringLiteral("restore") || choice == QStringLiteral("rescue")) {
+        const bool restores = choice == QStringLiteral("restore");
+        tell(restores ? restored(*backup) : rescued());
+        choice = waitForChoice();
+    }
+    if (choice == QStringLiteral("again"))
         startAgain();
+}
+
+bool Program::isStoreDamaged() {
+    // A store that is open was not.
+    const QString& folder = m_application.services.storeFolder;
+    if (m_application.pendingChanges() ||
+        !QFile::exists(folder + u'/' + storeName + QStringLiteral(".sqlite")))
+        return false;
+    const auto error = PersistentContainer(storeName, folder).loadPersistentStores();
+    return error && error->cause == StoreError::Cause::Damage;
+}
+
+QString Program::whatIsKept() {
+    auto* context = m_application.pendingChanges();
+    const QString notSaved =
+        context ? keepUnsavedChanges(*context, documentsFolder(), today(m_environment)) : QString();
+    return notSaved.isEmpty() ? QStringLiteral("What you have saved is kept.") : notSaved;
+}
+
+QString Program::shownDay(const QString& day) const {
+    const QDate date = QDate::fromString(day, Qt::ISODate);
+    return formatDate(dateFromWallTime({date.year(), date.month(), date.day()}, m_environment),
+                      DateStyle::Medium, m_environment);
+}
+
+QString Program::waitForChoice() {
+    m_quickWindow->setProperty("choice", QStringLiteral("quit")); // as closing the window is
+    QEventLoop untilChosen;
+    QObject::connect(m_quickWindow, SIGNAL(fatalChoice()), &untilChosen, SLOT(quit()));
+    QObject::connect(m_quickWindow, &QWindow::visibleChanged, &untilChosen, &QEventLoop::quit);
+    untilChosen.exec();
+    return m_quickWindow->property("choice").toString();
+}
+
+void Program::tell(const QString& outcome) {
+    m_quickWindow->setProperty("fatalMessage", outcome);
+    m_quickWindow->setProperty("kept", QString());
+    m_quickWindow->setProperty("backupDay", QString());
+    m_quickWindow->setProperty("offersRescue", false);
+}
+
+QString Program::restored(const QString& day) {
+    const auto error =
+        restoreBackup(m_application.services.storeFolder, storeName, day, today(m_environment));
+    return error ? error->description
+                 : QStringLiteral("The backup of %1 is in place. The damaged file is beside it.")
+                       .arg(shownDay(day));
+}
+
+QString Program::rescued() {
+    const auto outcome =
+        rescueStore(m_application.services.storeFolder, storeName, today(m_environment));
+    if (const auto* error = std::get_if<StoreError>(&outcome))
+        return error->description;
+    const auto& found = std::get<Rescued>(outcome);
+    QString sentence =
+        QStringLiteral("Found: %1 quotes, %2 authors, %3 sources, %4 topics. The damaged file is "
+                       "beside the new one.")
+            .arg(found.counts[Event::entity])
+            .arg(found.counts[Authors::entity])
+            .arg(found.counts[Sources::entity])
+            .arg(found.counts[Topics::entity]);
+    if (found.strayNames > 0)
+        sentence += QStringLiteral(" %1 names were left out, since nothing tells whether they are "
+                                   "of authors, sources or topics.")
+                        .arg(found.strayNames);
+    return sentence;
 }

@@ -45,6 +45,15 @@ public:
 
 private:
     void showFatalError(const FatalError& error);
+    bool isStoreDamaged();
+    /** What is true of this end; what no store takes is written to a file. */
+    QString whatIsKept();
+    QString shownDay(const QString& day) const;
+    QString waitForChoice();
+    /** Puts what came of a choice in the place of the message. */
+    void tell(const QString& outcome);
+    QString restored(const QString& day);
+    QString rescued();
 
     /** Taken before the store is opened, so that a second start is noticed at once. */
     std::variant<std::shared_ptr<ProcessLock>, int> m_lock;

@@ -4,7 +4,9 @@
 
 #include <QFile>
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace {
 
@@ -44,6 +46,35 @@ TEST(AppDelegate, EndsTheProgramWhenTheStoreCannotBeOpened) {
         EXPECT_EQ(error.file, "AppDelegate.cpp");
         EXPECT_GT(error.line, 0);
     }
+}
+
+TEST(AppDelegate, SaysWhatIsNotOnDiskUntilItIs) {
+    TestApplication application;
+    QStringList said;
+    application.delegate.notOnDiskChanged = [&](const QString& text) { said.append(text); };
+    application.context();
+    rlimit unlimited{};
+    ::getrlimit(RLIMIT_FSIZE, &unlimited);
+    const rlimit limited{1000, unlimited.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN); // fails as a full disk does, without signal
+    const auto trySaving = [&](const QString& topic) {
+        application.context().insert<Topics>()->setTopic(topic);
+        return !application.context().save();
+    };
+    ::setrlimit(RLIMIT_FSIZE, &limited);
+    EXPECT_FALSE(trySaving(QStringLiteral("a")));
+    EXPECT_FALSE(trySaving(QStringLiteral("b")));
+    ASSERT_EQ(application.mainQueue.waiting.size(), 1U);
+    EXPECT_EQ(application.mainQueue.waiting.front().first, 60);
+    application.mainQueue.runAll();
+    EXPECT_EQ(application.mainQueue.waiting.size(), 1U);
+    EXPECT_EQ(said, QStringList("Not on disk yet: disk I/O error"));
+    ::setrlimit(RLIMIT_FSIZE, &unlimited);
+    std::signal(SIGXFSZ, handler);
+    application.mainQueue.runAll();
+    EXPECT_EQ(said.last(), "");
+    EXPECT_TRUE(application.mainQueue.waiting.empty());
+    EXPECT_FALSE(application.context().hasChanges());
 }
 
 TEST(AppDelegate, EndsTheProgramWhenTheStoreIsTakenAway) {

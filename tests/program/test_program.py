@@ -208,6 +208,66 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(lantern.ends(), 1)
         self.assertEqual(lantern.stored("select quote from event"), [("An open ( bracket",)])
 
+    def damage(self, lantern):
+        """Loses the first page of the store, as a failing disk does, and starts."""
+        with open(lantern.store, "r+b") as file:
+            file.write(bytes(16384))
+        os.remove(lantern.settings)  # a first start opens the store at once
+        lantern = self.start()
+        lantern.find("Lantern has to stop", "heading")
+        return lantern
+
+    def test_a_damaged_store_is_rescued_or_a_backup_restored(self):
+        lantern = self.started()
+        self.add(lantern)
+        self.assertEqual(lantern.quit(), 0)
+        lantern = self.started()
+        self.add(lantern, Quote="Nevermore")  # which makes the backup
+        self.assertEqual(lantern.quit(), 0)
+
+        lantern = self.damage(lantern)
+        lantern.press("Rescue what can be read")
+        wait_for("what was found", lambda: "Found: 2 quotes" in lantern.read("Reason"))
+        self.assertIsNone(lantern.sees("Rescue what can be read"))
+        lantern.press("Start again")
+        lantern.find("Menu")
+        self.assertEqual(lantern.quit(), 0)
+        self.assertEqual(lantern.stored("select count(*) from event"), [(2,)])
+
+        lantern = self.damage(lantern)
+        lantern.press(lantern.wait_for("a backup", lambda: next(
+            (node.get_name() for node in lantern.everything()
+             if node.get_name().startswith("Restore the backup of ")), None)))
+        wait_for("the backup", lambda: "is in place" in lantern.read("Reason"))
+        lantern.press("Quit")
+        self.assertEqual(lantern.ends(), 1)
+        self.assertEqual(lantern.stored("select quote from event"), [(QUOTE["Quote"],)])
+        aside = [name for name in os.listdir(os.path.dirname(lantern.store)) if "damaged" in name]
+        self.assertEqual(len(aside), 2)
+
+    def test_a_store_that_is_taken_away_is_told_of_at_a_save_and_at_the_end(self):
+        for is_pending in (True, False):
+            lantern = self.started()
+            self.add(lantern)
+            os.remove(lantern.store)
+            if is_pending:
+                lantern.press("Menu", "Add New Quote")
+                for field, words in QUOTE.items():
+                    lantern.write(field, words)
+                lantern.press("Save")
+                lantern.find("Lantern has to stop", "heading")
+                self.assertIn("moved, replaced or deleted", lantern.read("Reason"))
+                lantern.press("Quit")
+            else:
+                lantern.process.send_signal(signal.SIGTERM)
+                told = next(line for line in lantern.process.stderr if "Fatal error" in line)
+                self.assertIn("moved, replaced or deleted", told)
+                wait_for("the fatal page", lantern.has_window)
+                lantern.process.send_signal(signal.SIGTERM)
+            self.assertEqual(lantern.ends(), 1)
+        kept = [name for name in os.listdir(self.home) if name.startswith("Lantern, not saved")]
+        self.assertEqual(len(kept), 1)
+
     def test_a_second_start_shows_the_first_window(self):
         first = self.started()
         self.assertEqual(self.start().ends(), 0)

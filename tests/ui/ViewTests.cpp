@@ -407,6 +407,15 @@ TEST_F(Views, RateShareRowsWorkByTapAndByKeyboard) {
     pilot->find(QStringLiteral("OK"));
 }
 
+TEST_F(Views, WhatIsNotOnDiskIsSaidUntilItIs) {
+    program.application().notOnDiskChanged(QStringLiteral("Not on disk yet: no space left"));
+    QQuickItem& line = pilot->find(QStringLiteral("Not on disk yet: no space left"));
+    EXPECT_TRUE(line.isVisible());
+    pilot->tap(QStringLiteral("Menu"));
+    program.application().notOnDiskChanged(QString());
+    EXPECT_FALSE(line.isVisible());
+}
+
 TEST_F(Views, FatalMessageStaysInTheWindowUntilItIsRead) {
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
     EXPECT_EXIT(
