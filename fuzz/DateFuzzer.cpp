@@ -28,7 +28,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
         QString::fromUtf8(reinterpret_cast<const char*>(bytes) + 2, qsizetype(count) - 2);
     if (const auto date = readDate(text, environment)) {
         const WallTime time = wallTime(*date, environment);
-        require(time.year >= 1 && time.year <= 9999, "a year has one to four digits");
+        require(time.year >= 0 && time.year <= 10000, "a year that an export writes");
         require(time.month >= 1 && time.month <= 12 && time.day >= 1 && time.day <= 31,
                 "a real day");
         require(dateFromWallTime(time, environment) <= *date, "of a repeated time, the first");

@@ -45,9 +45,12 @@ inline std::pair<bool, std::string> sortable(const std::optional<QString>& text)
     return {text.has_value(), text.value_or(QString()).toStdString()};
 }
 
-/** Whether a search finds a text. */
+/** Whether a search finds a text; both small sigmas are one letter. */
 inline bool matches(const std::optional<QString>& text, const QString& search) {
-    return text && text->toLower().contains(search.toLower());
+    const auto lowered = [](const QString& whole) {
+        return whole.toLower().replace(u'\u03c2', u'\u03c3');
+    };
+    return text && lowered(*text).contains(lowered(search));
 }
 
 /** Has a session of actions with screens act as the bytes choose, on a disk that never waits. */

@@ -133,19 +133,19 @@ std::optional<WallTime> readPlainDate(QStringView text) {
     if ((text[0] != u'-' && text[0] != u'.') || text[3] != text[0] || text[6] != u' ' ||
         text[9] != u':' || text[12] != u':')
         return std::nullopt;
-    // What is local time in the years 1 to 9999 may be in another one in UTC.
+    // What is local time in the years 1 to 9999 may be in the one before or after in UTC.
     const int year = number(yearText);
     const int month = number(text.sliced(1, 2));
     const int day = number(text.sliced(4, 2));
     const int hour = number(text.sliced(7, 2));
     const int minute = number(text.sliced(10, 2));
     const int second = number(text.sliced(13, 2));
-    const bool isReal =
-        year >= 0 && year <= int(std::chrono::year::max()) && month > 0 && day > 0 &&
-        year_month_day(std::chrono::year(year), std::chrono::month(unsigned(month)),
-                       std::chrono::day(unsigned(day)))
-            .ok() &&
-        hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
+    const bool isReal = year >= 0 && year <= 10000 && month > 0 && day > 0 &&
+                        year_month_day(std::chrono::year(year), std::chrono::month(unsigned(month)),
+                                       std::chrono::day(unsigned(day)))
+                            .ok() &&
+                        hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 &&
+                        second < 60;
     if (!isReal)
         return std::nullopt;
     return WallTime{year, month, day, hours(hour) + minutes(minute) + seconds(second)};

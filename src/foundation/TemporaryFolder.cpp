@@ -31,16 +31,20 @@ void removeIfLeft(const QString& path) {
     ::close(folder);
 }
 
-} // namespace
-
-TemporaryFolder::TemporaryFolder() {
+QString makeFolder() {
     const QDir place(QDir::tempPath());
     for (const QString& name : place.entryList({QStringLiteral("Lantern-??????")}, QDir::Dirs))
         removeIfLeft(place.filePath(name));
     QTemporaryDir made(place.filePath(QStringLiteral("Lantern-XXXXXX")));
     made.setAutoRemove(false);
-    m_path = made.path();
-    m_lock = openFolder(m_path);
+    return made.path();
+}
+
+} // namespace
+
+TemporaryFolder::TemporaryFolder()
+    : m_path(makeFolder())
+    , m_lock(openFolder(m_path)) {
     if (m_lock >= 0)
         ::flock(m_lock, LOCK_EX | LOCK_NB);
 }

@@ -17,5 +17,5 @@ public:
 
 private:
     QString m_path;
-    int m_lock = -1; ///< held as long as the program lives
+    int m_lock; ///< held as long as the program lives
 };
