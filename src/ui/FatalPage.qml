@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import Lantern
@@ -51,7 +53,7 @@ FocusScope {
         spacing: Theme.margin
         Accessible.role: Accessible.AlertMessage
         Accessible.name: heading.text
-        Accessible.description: reason.text
+        Accessible.description: root.message
 
         PlainText {
             id: heading
@@ -75,13 +77,18 @@ FocusScope {
 
             T.ScrollBar.vertical: PageScrollBar {}
 
-            ReadOnlyText {
+            // Not made before it is seen: Qt 6.4 crashes over a text to edit where a Wayland
+            // compositor has nothing to type with.
+            Loader {
                 id: reason
 
                 width: parent.width
-                text: root.message
-                name: qsTr("Reason")
-                horizontalAlignment: TextEdit.AlignHCenter
+                active: root.visible
+                sourceComponent: ReadOnlyText {
+                    text: root.message
+                    name: qsTr("Reason")
+                    horizontalAlignment: TextEdit.AlignHCenter
+                }
             }
         }
 
@@ -126,7 +133,7 @@ FocusScope {
             TextButton {
                 text: qsTr("Copy")
                 Accessible.description: qsTr("Copies the reason")
-                onClicked: reason.copyAll()
+                onClicked: (reason.item as ReadOnlyText)?.copyAll()
             }
 
             TextButton {
