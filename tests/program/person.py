@@ -69,14 +69,13 @@ class Lantern:
         self.process = subprocess.Popen(command, env={**os.environ, **settings},
                                         stderr=subprocess.PIPE, text=True)
 
-    def _own_window(self):
+    def _applications(self):
+        """It is one, or two where a theme of another toolkit comes along."""
         desktop = Atspi.get_desktop(0)
         desktop.clear_cache()
-        for index in range(desktop.get_child_count()):
-            application = desktop.get_child_at_index(index)
-            if application and application.get_process_id() == self.process.pid:
-                return application
-        return None
+        applications = map(desktop.get_child_at_index, range(desktop.get_child_count()))
+        return [application for application in applications
+                if application and application.get_process_id() == self.process.pid]
 
     def everything(self):
         """All that shows, in the order in which it is read."""
@@ -89,8 +88,7 @@ class Lantern:
                     yield child
                 yield from below(child)
 
-        window = self._own_window()
-        return list(below(window)) if window else []
+        return [node for application in self._applications() for node in below(application)]
 
     def sees(self, name, of_role=None):
         """What shows under this name, or None."""
