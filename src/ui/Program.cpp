@@ -95,8 +95,6 @@ bool Program::launch() {
 }
 
 void Program::openCollectionFile(const QUrl& file) {
-    if (m_quickWindow->property("ending").toBool())
-        return;
     auto screen = m_storyboard.instantiate(QStringLiteral("ImportViewController"));
     auto& import = *qobject_cast<ImportViewController*>(screen.get());
     navigation().pushViewController(std::move(screen));

@@ -36,16 +36,13 @@ int main(int argc, char** argv) {
 
     DesktopPlatform platform;
     Program program(ProgramPaths::ofThisUser(), Environment::ofThisDevice(), platform);
-    const auto file = fileToOpen();
-    if (program.isOpenElsewhere() && (file ? RunningProgram::open(*file) : RunningProgram::raise()))
+    if (program.isOpenElsewhere() && RunningProgram::raise())
         return EXIT_SUCCESS;
     if (!program.launch())
         return EXIT_FAILURE;
-    if (file)
+    if (const auto file = fileToOpen())
         program.openCollectionFile(*file);
-    const RunningProgram running(program.quickWindow(), [&program](const QUrl& other) {
-        program.openCollectionFile(other);
-    });
+    const RunningProgram running(program.quickWindow());
     const int status = QApplication::exec();
     program.application().applicationWillTerminate();
     return status;

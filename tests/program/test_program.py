@@ -277,22 +277,22 @@ class ProgramTest(unittest.TestCase):
         self.assertIsNone(first.process.poll())
         first.press("Menu")
 
-    def test_a_file_is_opened_by_the_program_that_runs(self):
+    def test_a_file_is_opened_by_its_own_start_alone(self):
         file = os.path.join(self.home, "a name\u2009with % and #.csv")
         with open(file, "w", encoding="utf-8") as collection:
             collection.write("[QUOTECOLLECTION]\nEmily^Hope^Poems^^With feathers\n")
         first = self.start(file)
         first.press("OK")
         self.assertIn("With feathers", first.read("Import text"))
-        first.go_home()
-        self.assertEqual(self.start(file).ends(), 0)
-        first.press("OK", "Import File", "OK")
+        first.press("Import File", "OK")
         first.find("Menu")
-        self.assertEqual(self.start(self.home).ends(), 0)
-        first.press("OK")
-        self.assertNotIn("enabled", states(first.find("Import File")))
+        self.assertEqual(self.start(file).ends(), 0)
+        self.assertIsNone(first.sees("Import text"))
         self.assertEqual(first.quit(), 0)
         self.assertEqual(first.stored("select quote from event"), [("With feathers",)])
+        folder = self.start(self.home)
+        folder.press("OK")
+        self.assertNotIn("enabled", states(folder.find("Import File")))
 
     def test_the_window_is_there_in_every_session(self):
         for environment in ({"XDG_CURRENT_DESKTOP": "GNOME"}, {"XDG_CURRENT_DESKTOP": "KDE"},
