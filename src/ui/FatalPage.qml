@@ -68,10 +68,12 @@ FocusScope {
         }
 
         Flickable {
+            id: page
+
             width: parent.width
             height: Math.min(contentHeight, root.height / 2)
             contentWidth: width
-            contentHeight: reason.height
+            contentHeight: reasons.count > 0 ? reasons.itemAt(0).height : 0
             boundsBehavior: Flickable.StopAtBounds
             clip: true
 
@@ -79,12 +81,13 @@ FocusScope {
 
             // Not made before it is seen: Qt 6.4 crashes over a text to edit where a Wayland
             // compositor has nothing to type with.
-            Loader {
-                id: reason
+            Repeater {
+                id: reasons
 
-                width: parent.width
-                active: root.visible
-                sourceComponent: ReadOnlyText {
+                model: root.visible ? 1 : 0
+
+                ReadOnlyText {
+                    width: page.width
                     text: root.message
                     name: qsTr("Reason")
                     horizontalAlignment: TextEdit.AlignHCenter
@@ -133,7 +136,7 @@ FocusScope {
             TextButton {
                 text: qsTr("Copy")
                 Accessible.description: qsTr("Copies the reason")
-                onClicked: (reason.item as ReadOnlyText)?.copyAll()
+                onClicked: (reasons.itemAt(0) as ReadOnlyText)?.copyAll()
             }
 
             TextButton {

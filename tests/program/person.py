@@ -128,8 +128,9 @@ class Lantern:
             Atspi.Action.do_action(node, names.index(action))
 
     def press(self, *names):
+        """Presses one after the other; a name that is there twice comes with its role."""
         for name in names:
-            self.act("Press", name)
+            self.act("Press", *(name if isinstance(name, tuple) else (name,)))
 
     def _ready(self, name, of_role=None):
         node = self.sees(name, of_role)

@@ -81,6 +81,11 @@ class ProgramTest(unittest.TestCase):
     def test_every_scene_is_reached_and_its_controls_are_named(self):
         lantern = self.started()
         self.add(lantern)
+        lantern.press("Menu", "Topics", "Add")
+        lantern.write("Topic", "Hope")
+        lantern.press("Save")
+        lantern.find("Hope", "list item")
+        lantern.go_home()
         button, field, tab = "push button", "text", "page tab"
         names_bar = [("Sort", button), ("Names", button)]
         form = [("Source", field), ("Topic", field), ("Author", field), ("Date", field),
@@ -101,7 +106,9 @@ class ProgramTest(unittest.TestCase):
             ("Quotes by Group", "Sources", "Poems, 1"): [("Topic", tab), ("Author", tab),
                                                          ("Print", button)],
             ("Quotes by Topic",): [("Quotes by Topic", "heading")],
-            ("Topics",): [("Topics", "heading"), ("# Topics: = 0", "label"), ("Add", button)],
+            ("Quotes by Group", ("Topics", tab), "Hope, 1"): [("Author", tab), ("Source", tab)],
+            ("Topics",): [("Topics", "heading"), ("# Topics: = 1", "label"), ("Add", button)],
+            ("Topics", "Hope"): [("Edit Topic", "heading"), ("Topic", field), ("Save", button)],
             ("Topics", "Add"): [("Add Topic", "heading"), ("Topic", field), ("Save", button)],
             ("Reference Lists", "Authors", "Emily, 1", "Print"): [
                 ("Print Quotes", "heading"), ("Create File", button), ("File text", field)],
@@ -109,6 +116,7 @@ class ProgramTest(unittest.TestCase):
                                                                ("Author", field)],
             ("Reference Lists", "Authors", "Names", "Add"): [("Add Author", "heading")],
             ("Reference Lists", "Sources", "Names", "Poems"): [("Edit Source", "heading")],
+            ("Reference Lists", "Sources", "Names", "Add"): [("Add Source", "heading")],
             ("Import",): [("Import Quote Records", "heading"), ("Load File", button),
                           ("Import text", field), ("Help", field)],
             ("Rate/Share",): [("Rate/Share", "heading"), ("Rate Lantern", "list item"),
