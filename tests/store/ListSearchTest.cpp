@@ -76,8 +76,9 @@ TEST_F(ListSearchTest, LowersEachCharacterAsTheWholeTextIsLowered) {
         const QString text = QString::fromUcs4(&character, 1);
         texts.append(text.toUtf8());
         expected.push_back(folded(text).toUtf8());
-        if (text != QStringLiteral("ς"))
+        if (text != QStringLiteral("ς")) {
             EXPECT_EQ(expected.back(), text.toLower().toUtf8());
+        }
     }
     for (const char* malformed : {"\x80", "\xa2\x80", "\xc1\x81", "\xc3", "\xc3Z", "\xe2\x82",
                                   "\xe0\x83\x89", "\xed\xa0\x80", "\xf0\x90\x90\x80Z"}) {
