@@ -40,8 +40,8 @@ std::optional<QString> textOf(const std::vector<ActivityItem>& items) {
 }
 
 std::unique_ptr<ActivityViewController>
-makeActivityViewController(Platform& platform, std::vector<ActivityItem> items, Answer answer,
-                           std::vector<ActivityType> excluded) {
+makeActivityViewController(Platform& platform, std::vector<ActivityItem> items,
+                           const Answer& answer, std::vector<ActivityType> excluded) {
     using Items = std::vector<ActivityItem>;
     const auto text = textOf(items);
     std::vector<Activity> activities;

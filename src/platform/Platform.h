@@ -78,5 +78,5 @@ std::optional<QString> textOf(const std::vector<ActivityItem>& items);
 
 /** A share sheet with the activities that the platform has for these items. */
 std::unique_ptr<ActivityViewController>
-makeActivityViewController(Platform& platform, std::vector<ActivityItem> items, Answer answer,
-                           std::vector<ActivityType> excluded = {});
+makeActivityViewController(Platform& platform, std::vector<ActivityItem> items,
+                           const Answer& answer, std::vector<ActivityType> excluded = {});
