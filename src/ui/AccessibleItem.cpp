@@ -33,9 +33,25 @@ bool isExposed(QQuickItem& item) {
                        : QAccessible::queryAccessibleInterface(&item) != nullptr;
 }
 
+/** Whether an item can be seen but not reached: a screen that slides out of its stack, and what
+ * says of itself that it is inert, as a window under a sheet does. */
+bool isInert(const QQuickItem& item) {
+    const QQuickItem* holder = item.parentItem();
+    return item.property("inert").toBool() ||
+           (holder && holder->inherits("QQuickStackView") &&
+            holder->property("currentItem").value<QQuickItem*>() != &item);
+}
+
+bool isReachable(const QQuickItem& item) {
+    const QQuickItem* holder = &item;
+    while (holder && !isInert(*holder))
+        holder = holder->parentItem();
+    return !holder && item.isEnabled() && item.isVisible();
+}
+
 void addExposedChildren(const QQuickItem& item, QList<QQuickItem*>& found) {
     for (QQuickItem* child : item.childItems()) {
-        if (!child->isVisible())
+        if (!child->isVisible() || isInert(*child))
             continue;
         if (isExposed(*child))
             found.append(child);
@@ -99,7 +115,7 @@ private:
     QObject* description() const { return item() ? descriptionOf(*item()) : nullptr; }
     QList<QQuickItem*> children() const;
     QString words() const { return object()->property("text").toString(); }
-    bool canBeWorked() const { return item() && item()->isEnabled() && item()->isVisible(); }
+    bool canBeWorked() const { return item() && isReachable(*item()); }
 };
 
 QRect AccessibleItem::rect() const {
@@ -123,7 +139,7 @@ QAccessibleInterface* AccessibleItem::parent() const {
 
 QList<QQuickItem*> AccessibleItem::children() const {
     QList<QQuickItem*> found;
-    if (!item())
+    if (!item() || isInert(*item()))
         return found;
     addExposedChildren(*item(), found);
     // A list makes its rows in the order in which they come to be seen.
@@ -183,7 +199,7 @@ QAccessible::State AccessibleItem::state() const {
     state.readOnly = is("readOnly");
     state.selectable = is("selectable");
     state.selected = is("selected");
-    state.disabled = !item()->isEnabled();
+    state.disabled = !isReachable(*item());
     state.focusable = !state.disabled && (is("focusable") || item()->activeFocusOnTab());
     // A list has the keyboard for its current row.
     state.focused = item()->hasActiveFocus() || object()->property("current").toBool();

@@ -73,25 +73,19 @@ FocusScope {
             width: parent.width
             height: Math.min(contentHeight, root.height / 2)
             contentWidth: width
-            contentHeight: reasons.count > 0 ? reasons.itemAt(0).height : 0
+            contentHeight: reason.height
             boundsBehavior: Flickable.StopAtBounds
             clip: true
 
             T.ScrollBar.vertical: PageScrollBar {}
 
-            // Not made before it is seen: Qt 6.4 crashes over a text to edit where a Wayland
-            // compositor has nothing to type with.
-            Repeater {
-                id: reasons
+            ReadOnlyText {
+                id: reason
 
-                model: root.visible ? 1 : 0
-
-                ReadOnlyText {
-                    width: page.width
-                    text: root.message
-                    name: qsTr("Reason")
-                    horizontalAlignment: TextEdit.AlignHCenter
-                }
+                width: page.width
+                text: root.message
+                name: qsTr("Reason")
+                horizontalAlignment: TextEdit.AlignHCenter
             }
         }
 
@@ -136,7 +130,7 @@ FocusScope {
             TextButton {
                 text: qsTr("Copy")
                 Accessible.description: qsTr("Copies the reason")
-                onClicked: (reasons.itemAt(0) as ReadOnlyText)?.copyAll()
+                onClicked: reason.copyAll()
             }
 
             TextButton {

@@ -34,7 +34,11 @@ T.ApplicationWindow {
     color: Theme.paper
 
     FocusScope {
+        /** For assistive technology, which else would reach under a sheet. */
+        readonly property bool inert: presentations.presented !== null
+
         anchors.fill: parent
+        Accessible.role: Accessible.Pane
         visible: !root.ending
         enabled: !root.ending
         focus: true
@@ -64,6 +68,8 @@ T.ApplicationWindow {
     }
 
     Presentations {
+        id: presentations
+
         presenter: root.ending ? null : root.window?.rootViewController ?? null
     }
 

@@ -1,4 +1,5 @@
 #include "platform/DesktopPlatform.h"
+#include "platform/InputMethod.h"
 #include "platform/SessionBus.h"
 #include "ui/AccessibleItem.h"
 #include "ui/Program.h"
@@ -25,6 +26,7 @@ std::optional<QUrl> fileToOpen() {
 
 int main(int argc, char** argv) {
     askSessionBus();
+    chooseInputMethod();
     // The print dialog is a widget; all else is Qt Quick. There is no application object before
     // this one, nor another: the end of one takes Qt Quick's accessibility with it.
     const QApplication application(argc, argv);

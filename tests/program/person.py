@@ -16,19 +16,26 @@ from gi.repository import Atspi, Gio, GLib  # noqa: E402
 PATIENCE = 20  # seconds; the sanitizers and other tests take their time
 
 
+announced = []  # what was said without the focus, by all programs
+
+
 def listen():
-    """Tells the desktop that somebody listens, as a screen reader does."""
+    """Tells the desktop that somebody listens, as a screen reader does, and does so."""
     bus = Gio.bus_get_sync(Gio.BusType.SESSION)
     listening = ("org.a11y.Status", "IsEnabled", GLib.Variant("b", True))
     bus.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set",
                   GLib.Variant("(ssv)", listening), None, Gio.DBusCallFlags.NONE, -1, None)
     Atspi.init()
+    listener = Atspi.EventListener.new(lambda event: announced.append(event.any_data))
+    listener.register("object:announcement")
 
 
 def wait_for(what, condition, patience=PATIENCE):
     """Returns what the condition gives as soon as that is true."""
     end = time.monotonic() + patience
     while True:
+        while GLib.MainContext.default().iteration(may_block=False):
+            pass
         try:
             found = condition()
         except GLib.Error:  # of something that went while it was asked
