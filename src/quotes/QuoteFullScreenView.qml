@@ -23,7 +23,7 @@ Rectangle {
         margin: 0
         horizontalAlignment: TextEdit.AlignHCenter
         fontFamily: "serif"
-        fontSize: Theme.readingFont
+        fontSize: 26
         focus: true
     }
 }

@@ -20,9 +20,10 @@ T.Menu {
 
     background: Rectangle {
         implicitWidth: 200
-        radius: 8
+        radius: Theme.sheetRadius
         color: Theme.surface
-        border.color: Theme.line
+        border.width: 2
+        border.color: Theme.edge
     }
 
     contentItem: ListView {
@@ -43,7 +44,7 @@ T.Menu {
             required property int index
             required property string modelData
 
-            implicitHeight: Theme.touchTarget
+            implicitHeight: Theme.controlHeight
             leftPadding: Theme.margin
             rightPadding: Theme.margin
             text: modelData

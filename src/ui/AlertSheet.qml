@@ -29,7 +29,7 @@ T.Popup {
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
-    width: Math.min(300, (parent?.width ?? 300) - 2 * Theme.margin)
+    width: Math.min(340, (parent?.width ?? 340) - 2 * Theme.margin)
     padding: Theme.margin
     bottomPadding: Theme.gap
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
@@ -56,9 +56,9 @@ T.Popup {
         }
         NumberAnimation {
             property: "scale"
-            from: 1.1
+            from: Theme.reducedMotion ? 1 : 1.1
             to: 1
-            duration: Theme.fadeDuration
+            duration: Theme.moveDuration
             easing.type: Easing.OutCubic
         }
     }
@@ -74,6 +74,8 @@ T.Popup {
     background: Rectangle {
         radius: Theme.sheetRadius
         color: Theme.surface
+        border.width: 2
+        border.color: Theme.edge
     }
 
     contentItem: Column {

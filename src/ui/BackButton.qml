@@ -1,30 +1,23 @@
 import QtQuick
 import Lantern
 
-/** A chevron and the word for going back. */
+/** A chevron and the word for going back; the chevron alone where there is no room for the word. */
 TextButton {
     id: root
 
-    leftPadding: 26
+    property bool worded: true
 
-    Canvas {
-        x: Theme.gap
-        width: 12
-        height: root.height
-        opacity: root.down ? 0.4 : 1
+    leftPadding: chevron.width + 2
+    rightPadding: worded ? Theme.gap : 0
+    contentVisible: worded
 
-        onPaint: {
-            const context = getContext("2d");
-            const middle = height / 2;
-            context.strokeStyle = Theme.accent;
-            context.lineWidth = 2.5;
-            context.lineCap = "round";
-            context.lineJoin = "round";
-            context.beginPath();
-            context.moveTo(width - 2, middle - 8);
-            context.lineTo(2, middle);
-            context.lineTo(width - 2, middle + 8);
-            context.stroke();
-        }
+    Symbol {
+        id: chevron
+
+        anchors.verticalCenter: parent.verticalCenter
+        x: root.worded ? 0 : (root.width - width) / 2
+        name: "chevron.left"
+        size: 26
+        tint: root.tint
     }
 }

@@ -48,6 +48,8 @@ T.Popup {
 
     background: Rectangle {
         radius: Theme.sheetRadius
-        color: Theme.bar
+        color: Theme.surface
+        border.width: Theme.highContrast ? 2 : 0
+        border.color: Theme.ink
     }
 }

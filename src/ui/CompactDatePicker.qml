@@ -44,8 +44,8 @@ FocusScope {
             background: Rectangle {
                 radius: 10
                 color: Theme.surface
-                border.width: 1
-                border.color: Theme.line
+                border.width: 2
+                border.color: Theme.edge
             }
         }
 

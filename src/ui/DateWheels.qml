@@ -65,7 +65,7 @@ FocusScope {
                 readonly property int kind: root.kindAt(index)
 
                 Layout.fillWidth: kind === 1
-                Layout.preferredWidth: [72, 120, 96][kind]
+                Layout.preferredWidth: Theme.scaled([72, 120, 96][kind])
                 focus: kind === 0
                 name: root.names[kind]
                 model: [31, 12, 9999][kind]
@@ -78,7 +78,7 @@ FocusScope {
                     owner: wheel
                     text: wheel.kind === 1 ? root.picker.monthNames[index]
                                            : root.picker.number(index + 1)
-                    color: exists ? Theme.ink : Theme.line
+                    color: !exists ? Theme.line : chosen ? Theme.ink : Theme.faintInk
                 }
             }
         }

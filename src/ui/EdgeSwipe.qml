@@ -57,7 +57,7 @@ Item {
         target: root.stack.currentItem
         property: "x"
         to: 0
-        duration: Theme.fadeDuration
+        duration: Theme.moveDuration
         onFinished: root.moveTo(0)
     }
 }

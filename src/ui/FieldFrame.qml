@@ -14,13 +14,13 @@ Rectangle {
     Rectangle {
         anchors.fill: parent
         radius: parent.radius
-        color: root.control.backgroundColor
+        color: Theme.drawn(root.control.backgroundColor)
         border.width: root.control.borderWidth
-        border.color: root.control.borderColor
+        border.color: Theme.edgeOf(root.control.borderColor)
     }
 
     FocusRing {
-        radius: parent.radius + 3
+        radius: parent.radius + 4
         shown: root.focused
     }
 }

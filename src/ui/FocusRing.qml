@@ -6,9 +6,9 @@ Rectangle {
     property bool shown: false
 
     anchors.fill: parent
-    anchors.margins: -3
+    anchors.margins: -2 - border.width
     visible: shown
     color: "transparent"
-    border.width: 2
+    border.width: Theme.highContrast ? 3 : 2
     border.color: Theme.accent
 }

@@ -33,7 +33,7 @@ FocusScope {
 
         anchors.bottom: parent.bottom
         width: parent.width
-        height: Theme.touchTarget
+        height: Theme.controlHeight
         leftPadding: 12
         rightPadding: 12
         color: Theme.ink

@@ -11,7 +11,7 @@ FocusScope {
     property alias readOnly: area.readOnly
     property alias horizontalAlignment: area.horizontalAlignment
     property string fontFamily
-    property real fontSize: Theme.bodyFont
+    property real fontSize: 17
     property bool bare: false
     property real margin: 12
 
@@ -95,7 +95,7 @@ FocusScope {
             bottomPadding: root.margin + root.control.bottomInset
             color: Theme.ink
             font.family: root.fontFamily !== "" ? root.fontFamily : name.font.family
-            font.pixelSize: Math.max(1, Math.min(root.fontSize, Theme.largestFont))
+            font.pixelSize: Math.max(1, Math.min(Theme.scaled(root.fontSize), Theme.largestFont))
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
             selectByMouse: true

@@ -65,7 +65,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: Theme.bar
+        color: Theme.surface
         border.width: 1
         border.color: Theme.line
     }

@@ -7,8 +7,8 @@ PlainText {
 
     visible: control !== null && !control.hidden
     text: control?.text ?? ""
-    color: control?.textColor ?? Theme.ink
-    font.pixelSize: control?.fontSize ?? Theme.bodyFont
+    color: Theme.textOf(control?.textColor ?? "#000000")
+    font.pixelSize: Theme.scaled(control?.fontSize ?? 17)
     font.bold: control?.bold ?? false
     horizontalAlignment: control?.centered ? Text.AlignHCenter : Text.AlignLeft
 }

@@ -120,7 +120,7 @@ FocusScope {
             readonly property bool selected: index >= root.firstRow && index <= root.lastRow
 
             width: list.width
-            height: Math.max(22, words.implicitHeight)
+            height: Math.max(Theme.scaled(22), words.implicitHeight)
             color: selected ? Theme.accent : "transparent"
 
             PlainText {

@@ -8,6 +8,7 @@ import Lantern
 T.ApplicationWindow {
     id: root
 
+    required property Appearance appearance
     required property Keyboard keyboard
     required property Notes notes
 
@@ -32,6 +33,7 @@ T.ApplicationWindow {
     visible: true
     title: qsTr("Lantern")
     color: Theme.paper
+    Component.onCompleted: Theme.appearance = appearance
 
     FocusScope {
         /** For assistive technology, which else would reach under a sheet. */

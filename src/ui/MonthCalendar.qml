@@ -135,7 +135,7 @@ FocusScope {
 
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
-                    Layout.preferredHeight: 20
+                    Layout.preferredHeight: Theme.scaled(20)
                     text: root.picker.weekdayNames[(root.picker.firstWeekday - 1 + index) % 7]
                     color: Theme.faintInk
                     font.pixelSize: Theme.captionFont

@@ -33,7 +33,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        color: Theme.bar
+        color: Theme.paper
 
         Rectangle {
             anchors.bottom: parent.bottom

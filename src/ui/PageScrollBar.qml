@@ -8,7 +8,7 @@ T.ScrollBar {
 
     implicitWidth: 14
     implicitHeight: 14
-    padding: 3
+    padding: 4
     minimumSize: Math.min(0.5, Theme.touchTarget / Math.max(1, height))
     visible: size < 1
     policy: T.ScrollBar.AsNeeded
@@ -16,7 +16,7 @@ T.ScrollBar {
 
     contentItem: Rectangle {
         radius: width / 2
-        color: Theme.ink
-        opacity: root.pressed ? 0.6 : root.hovered ? 0.45 : 0.25
+        color: Theme.faintInk
+        opacity: root.pressed ? 1 : root.hovered ? 0.85 : 0.7
     }
 }

@@ -75,8 +75,10 @@ bool Program::isOpenElsewhere() const {
 
 bool Program::launch() {
     // The window comes first, so that whatever ends the program from here on is seen.
-    m_engine.setInitialProperties({{QStringLiteral("keyboard"), QVariant::fromValue(&m_keyboard)},
-                                   {QStringLiteral("notes"), QVariant::fromValue(&m_notes)}});
+    m_engine.setInitialProperties(
+        {{QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)},
+         {QStringLiteral("keyboard"), QVariant::fromValue(&m_keyboard)},
+         {QStringLiteral("notes"), QVariant::fromValue(&m_notes)}});
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Lantern/Main.qml")));
     if (m_engine.rootObjects().isEmpty())
         return false;

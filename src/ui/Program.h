@@ -4,6 +4,7 @@
 #include "foundation/FatalError.h"
 #include "foundation/TemporaryFolder.h"
 #include "store/ProcessLock.h"
+#include "toolkit/Appearance.h"
 #include "toolkit/Storyboard.h"
 
 #include <QQmlApplicationEngine>
@@ -40,6 +41,8 @@ public:
 
     QQuickWindow& quickWindow() const { return *m_quickWindow; }
     AppDelegate& application() { return m_application; }
+    /** How all views look, whenever it changes. */
+    Appearance& appearance() { return m_appearance; }
     NavigationController& navigation();
     QQmlApplicationEngine& engine() { return m_engine; }
 
@@ -64,6 +67,7 @@ private:
     FatalErrorCleanup m_temporaryFolderRemoval;
     Keyboard m_keyboard;
     Notes m_notes;
+    Appearance m_appearance;
     ClassRuntime m_classes;
     SelectionValues m_selection;
     AppDelegate m_application;

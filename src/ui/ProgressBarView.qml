@@ -14,7 +14,7 @@ Rectangle {
 
     implicitHeight: 4
     radius: height / 2
-    color: Theme.line
+    color: Theme.well
     objectName: control.accessibilityLabel
     Accessible.role: Accessible.ProgressBar
     Accessible.name: control.accessibilityLabel

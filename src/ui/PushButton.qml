@@ -52,22 +52,22 @@ T.Button {
 
     contentItem: PlainText {
         text: root.text
-        color: !root.control.enabled ? root.control.disabledTitleColor
+        color: !root.control.enabled ? Theme.textOf(root.control.disabledTitleColor)
                                      : root.filled ? Theme.accentInk : Theme.ink
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
     }
 
     background: Rectangle {
-        radius: root.filled ? Theme.sheetRadius : root.control.cornerRadius
+        radius: root.filled ? Theme.buttonRadius : root.control.cornerRadius
         color: root.filled ? Theme.accent : Theme.surface
 
         Rectangle {
             anchors.fill: parent
             radius: parent.radius
-            color: root.control.backgroundColor
+            color: Theme.drawn(root.control.backgroundColor)
             border.width: root.control.borderWidth
-            border.color: root.control.borderColor
+            border.color: Theme.edgeOf(root.control.borderColor)
         }
 
         Rectangle {
@@ -78,7 +78,7 @@ T.Button {
         }
 
         FocusRing {
-            radius: parent.radius + 3
+            radius: parent.radius + 4
             shown: root.visualFocus
         }
     }

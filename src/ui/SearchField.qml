@@ -8,8 +8,8 @@ T.TextField {
 
     required property SearchController controller
 
-    height: Theme.touchTarget
-    leftPadding: 36
+    implicitHeight: Theme.controlHeight
+    leftPadding: 16 + Theme.scaled(22)
     rightPadding: clear.visible ? clear.width : Theme.margin
     color: Theme.ink
     font.pixelSize: Theme.bodyFont
@@ -42,22 +42,21 @@ T.TextField {
     }
 
     background: Rectangle {
-        radius: 10
-        color: Theme.surface
-        border.width: 1
-        border.color: Theme.line
+        radius: Theme.buttonRadius
+        color: Theme.well
+        border.width: Theme.highContrast ? 1 : 0
+        border.color: Theme.ink
 
         FocusRing {
-            radius: 13
+            radius: parent.radius + 4
             shown: root.activeFocus
         }
     }
 
     PlainText {
-        x: 12
+        x: root.leftPadding
         height: parent.height
         visible: root.length === 0 && root.preeditText === ""
-        leftPadding: 24
         width: parent.width - x
         text: root.placeholderText
         color: root.placeholderTextColor
@@ -67,22 +66,12 @@ T.TextField {
         Accessible.ignored: true
     }
 
-    Canvas {
-        x: 12
+    Symbol {
+        x: 10
         anchors.verticalCenter: parent.verticalCenter
-        width: 16
-        height: 16
-
-        onPaint: {
-            const context = getContext("2d");
-            context.strokeStyle = Theme.faintInk;
-            context.lineWidth = 2;
-            context.lineCap = "round";
-            context.arc(6.5, 6.5, 5, 0, 2 * Math.PI);
-            context.moveTo(10.5, 10.5);
-            context.lineTo(15, 15);
-            context.stroke();
-        }
+        name: "search"
+        size: 20
+        tint: Theme.faintInk
     }
 
     TextButton {
@@ -91,6 +80,7 @@ T.TextField {
         anchors.right: parent.right
         visible: root.length > 0
         text: qsTr("Clear")
+        symbol: "clear"
         tint: Theme.faintInk
         onClicked: {
             root.controller.searchBar.text = "";

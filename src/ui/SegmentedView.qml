@@ -11,6 +11,8 @@ FocusScope {
 
     required property ToolkitSegmentedControl control
 
+    readonly property real inset: (height - Math.max(34, Theme.scaled(30))) / 2
+
     implicitWidth: row.implicitWidth
     implicitHeight: Theme.touchTarget
     objectName: control.accessibilityLabel
@@ -19,12 +21,12 @@ FocusScope {
 
     Rectangle {
         anchors.fill: row
-        anchors.topMargin: 6
-        anchors.bottomMargin: 6
-        radius: 8
-        color: Theme.surface
-        border.width: 1
-        border.color: root.control.tintColor
+        anchors.topMargin: root.inset
+        anchors.bottomMargin: root.inset
+        radius: Theme.buttonRadius
+        color: Qt.alpha(Theme.drawn(root.control.tintColor), Theme.dark ? 0.16 : 0.08)
+        border.width: Theme.highContrast ? 1 : 0
+        border.color: Theme.ink
     }
 
     RowLayout {
@@ -77,7 +79,7 @@ FocusScope {
                     text: segment.text
                     font.pixelSize: Theme.secondaryFont
                     font.bold: segment.selected
-                    color: segment.selected ? Theme.accentInk : root.control.tintColor
+                    color: segment.selected ? Theme.accentInk : Theme.drawn(root.control.tintColor)
                     wrapMode: Text.NoWrap
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
@@ -86,11 +88,12 @@ FocusScope {
                 background: Item {
                     Rectangle {
                         anchors.fill: parent
-                        anchors.topMargin: 6
-                        anchors.bottomMargin: 6
+                        anchors.margins: 2
+                        anchors.topMargin: root.inset + 2
+                        anchors.bottomMargin: root.inset + 2
                         radius: 8
                         visible: segment.selected || segment.down
-                        color: segment.selected ? root.control.tintColor : Theme.pressed
+                        color: segment.selected ? Theme.drawn(root.control.tintColor) : Theme.pressed
                     }
 
                     FocusRing {

@@ -3,7 +3,7 @@ import Lantern
 
 /** A full-width choice of a sheet. */
 TextButton {
-    implicitHeight: 50
+    implicitHeight: Math.max(50, Theme.controlHeight)
 
     background: Rectangle {
         radius: 10

@@ -21,7 +21,7 @@ FocusScope {
     }
 
     implicitWidth: 2 * Theme.touchTarget + 8
-    implicitHeight: Theme.touchTarget
+    implicitHeight: Theme.controlHeight
     visible: !control.hidden
     activeFocusOnTab: true
     objectName: control.accessibilityLabel
@@ -39,7 +39,7 @@ FocusScope {
         radius: root.control.cornerRadius
         color: Theme.surface
         border.width: root.control.borderWidth
-        border.color: root.control.borderColor
+        border.color: Theme.edgeOf(root.control.borderColor)
 
         Rectangle {
             anchors.centerIn: parent
@@ -49,7 +49,7 @@ FocusScope {
         }
 
         FocusRing {
-            radius: parent.radius + 3
+            radius: parent.radius + 4
             shown: root.activeFocus
         }
     }
@@ -60,7 +60,7 @@ FocusScope {
         StepButton {
             width: root.width / 2
             height: root.height
-            text: "\u2212"
+            symbol: "minus"
             name: root.control.accessibilityLabel + " \u2212"
             tint: Theme.ink
             enabled: root.control.value > root.control.minimum
@@ -71,7 +71,7 @@ FocusScope {
         StepButton {
             width: root.width / 2
             height: root.height
-            text: "+"
+            symbol: "plus"
             name: root.control.accessibilityLabel + " +"
             tint: Theme.ink
             enabled: root.control.value < root.control.maximum

@@ -9,7 +9,7 @@ T.Switch {
     required property ToolkitSwitch control
 
     implicitWidth: 200
-    implicitHeight: Theme.touchTarget
+    implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + 2 * Theme.gap)
     visible: !control.hidden
     checked: control.on
     objectName: control.accessibilityLabel
@@ -44,7 +44,9 @@ T.Switch {
         width: 51
         height: 31
         radius: height / 2
-        color: root.checked ? Theme.accent : Theme.line
+        color: root.checked ? Theme.accent : Theme.well
+        border.width: root.checked ? 0 : 2
+        border.color: Theme.faintInk
 
         Behavior on color {
             ColorAnimation {
@@ -53,23 +55,23 @@ T.Switch {
         }
 
         Rectangle {
-            x: root.checked ? parent.width - width - 2 : 2
-            y: 2
-            width: 27
-            height: 27
+            x: root.checked ? parent.width - width - 4 : 5
+            y: (parent.height - height) / 2
+            width: root.checked ? 23 : 19
+            height: width
             radius: height / 2
-            color: Theme.surface
+            color: root.checked ? Theme.accentInk : Theme.faintInk
 
             Behavior on x {
                 NumberAnimation {
-                    duration: Theme.fadeDuration
+                    duration: Theme.moveDuration
                     easing.type: Easing.OutCubic
                 }
             }
         }
 
         FocusRing {
-            radius: parent.radius + 3
+            radius: parent.radius + 4
             shown: root.visualFocus
         }
     }

@@ -35,7 +35,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         width: parent.width
         height: Theme.barHeight
-        color: Theme.bar
+        color: Theme.paper
         Accessible.role: Accessible.PageTabList
         Accessible.name: qsTr("Tabs")
 
@@ -78,7 +78,6 @@ FocusScope {
                         text: tab.text
                         color: tab.chosen ? Theme.accent : Theme.faintInk
                         font.bold: tab.chosen
-                        opacity: tab.down ? 0.4 : 1
                         elide: Text.ElideRight
                         wrapMode: Text.NoWrap
                         horizontalAlignment: Text.AlignHCenter

@@ -116,7 +116,7 @@ FocusScope {
                 anchors.fill: parent
                 z: -1
                 radius: 4
-                color: root.table.header?.backgroundColor ?? "transparent"
+                color: Theme.drawn(root.table.header?.backgroundColor ?? "transparent")
             }
         }
     }
@@ -190,7 +190,7 @@ FocusScope {
 
             NumberAnimation {
                 property: "y"
-                duration: Theme.fadeDuration
+                duration: Theme.rowDuration
                 easing.type: Easing.OutCubic
             }
         }
@@ -198,7 +198,7 @@ FocusScope {
         Timer {
             id: fadeEnd
 
-            interval: Theme.fadeDuration
+            interval: Math.max(Theme.fadeDuration, Theme.rowDuration)
             onTriggered: list.fading = false
         }
     }

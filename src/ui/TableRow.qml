@@ -91,7 +91,7 @@ T.ItemDelegate {
         enabled: !drag.active && root.cell !== null
 
         NumberAnimation {
-            duration: Theme.fadeDuration
+            duration: Theme.moveDuration
             easing.type: Easing.OutCubic
         }
     }
@@ -143,9 +143,9 @@ T.ItemDelegate {
 
     background: Rectangle {
         radius: root.cell?.cornerRadius ?? 0
-        color: root.cell?.backgroundColor ?? "transparent"
+        color: Theme.drawn(root.cell?.backgroundColor ?? "transparent")
         border.width: root.cell?.borderWidth ?? 0
-        border.color: root.cell?.borderColor ?? "transparent"
+        border.color: Theme.edgeOf(root.cell?.borderColor ?? "transparent")
 
         Rectangle {
             anchors.fill: parent

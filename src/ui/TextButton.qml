@@ -9,9 +9,10 @@ T.Button {
     property color tint: Theme.accent
     property bool bold: false
     property string symbol: ""
+    property bool contentVisible: symbol === ""
 
     implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
-    implicitHeight: Theme.touchTarget
+    implicitHeight: Theme.controlHeight
     font.pixelSize: Theme.bodyFont
     leftPadding: Theme.gap
     rightPadding: Theme.gap
@@ -26,20 +27,23 @@ T.Button {
         anchors.centerIn: parent
         visible: name !== ""
         name: root.symbol
-        tint: root.tint
-        opacity: root.contentItem.opacity
+        tint: root.enabled ? root.tint : Theme.faintInk
     }
 
     contentItem: PlainText {
-        text: root.symbol === "" ? root.text : ""
-        color: root.tint
+        text: root.contentVisible ? root.text : ""
+        color: root.enabled ? root.tint : Theme.faintInk
         font.pixelSize: root.font.pixelSize
         font.bold: root.bold
-        opacity: root.down ? 0.4 : root.enabled ? 1 : 0.5
         elide: Text.ElideRight
         wrapMode: Text.NoWrap
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
+    }
+
+    background: Rectangle {
+        radius: Theme.buttonRadius
+        color: root.down ? Theme.pressed : "transparent"
     }
 
     FocusRing {

@@ -10,8 +10,9 @@ Rectangle {
 
     required property ToolkitToolbar control
 
-    implicitHeight: Theme.touchTarget
-    color: control.tintColor
+    implicitHeight: Math.max(46, Theme.controlHeight)
+    color: Qt.tint(Theme.surface, Qt.alpha(Theme.drawn(control.tintColor),
+                                           Theme.highContrast && !Theme.dark ? 1 : 0.4))
 
     RowLayout {
         anchors.fill: parent

@@ -9,7 +9,7 @@ FocusScope {
     property alias delegate: list.delegate
     property string name
 
-    readonly property int rowHeight: 43
+    readonly property int rowHeight: Math.max(43, Theme.scaled(34))
     readonly property alias currentRow: list.currentIndex
 
     // What assistive technology reads and sets.
@@ -71,7 +71,9 @@ FocusScope {
         width: parent.width
         height: root.rowHeight
         radius: 8
-        color: Theme.pressed
+        color: Theme.well
+        border.width: Theme.highContrast ? 1 : 0
+        border.color: Theme.ink
 
         FocusRing {
             anchors.margins: 0
@@ -89,7 +91,7 @@ FocusScope {
         keyNavigationEnabled: false
         snapMode: ListView.SnapToItem
         highlightRangeMode: ListView.StrictlyEnforceRange
-        highlightMoveDuration: Theme.fadeDuration
+        highlightMoveDuration: Theme.moveDuration
         highlightMoveVelocity: -1
         preferredHighlightBegin: 2 * root.rowHeight
         preferredHighlightEnd: 3 * root.rowHeight

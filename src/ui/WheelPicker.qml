@@ -46,7 +46,7 @@ FocusScope {
 
             owner: face
             text: model.text
-            font.pixelSize: model.fontSize > 0 ? model.fontSize : Theme.bodyFont
+            font.pixelSize: Theme.scaled(model.fontSize > 0 ? model.fontSize : 17)
             font.bold: model.bold
             horizontalAlignment: model.centered ? Text.AlignHCenter : Text.AlignLeft
         }

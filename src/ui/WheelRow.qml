@@ -14,10 +14,10 @@ PlainText {
     readonly property bool current: chosen && (owner?.activeFocus ?? false)
 
     width: ListView.view?.width ?? 0
-    height: 43
+    height: owner?.rowHeight ?? 43
     leftPadding: Theme.gap
     rightPadding: Theme.gap
-    opacity: chosen ? 1 : 0.55
+    color: chosen ? Theme.ink : Theme.faintInk
     objectName: text
     Accessible.role: Accessible.ListItem
     Accessible.name: text

@@ -1,3 +1,4 @@
+#include "platform/DesktopAppearance.h"
 #include "platform/DesktopPlatform.h"
 #include "platform/InputMethod.h"
 #include "platform/SessionBus.h"
@@ -25,7 +26,7 @@ std::optional<QUrl> fileToOpen() {
 } // namespace
 
 int main(int argc, char** argv) {
-    askSessionBus();
+    const DesktopSettings settings = askSessionBus();
     chooseInputMethod();
     // The print dialog is a widget; all else is Qt Quick. There is no application object before
     // this one, nor another: the end of one takes Qt Quick's accessibility with it.
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
 
     DesktopPlatform platform;
     Program program(ProgramPaths::ofThisUser(), Environment::ofThisDevice(), platform);
+    const DesktopAppearance followed(program.appearance(), settings);
     if (program.isOpenElsewhere() && RunningProgram::raise())
         return EXIT_SUCCESS;
     if (!program.launch())

@@ -1,6 +1,7 @@
 #include "Pilot.h"
 #include "exchange/ImportViewController.h"
 #include "platform/FakePlatform.h"
+#include "store/Records.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/DocumentPickerViewController.h"
 #include "toolkit/NavigationController.h"
@@ -13,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QUrl>
 
+#include <array>
 #include <cstdio>
 #include <stdexcept>
 
@@ -36,20 +38,53 @@ bool isBlank(const QImage& picture) {
     return true;
 }
 
-/** One walk through all screens in a window of one size, with a new store. */
+/** What one walk looks at: a size of the window and how the user wants programs to look. */
+struct Look {
+    QSize size;
+    const char* name = "";
+    bool dark = false;
+    bool highContrast = false;
+    double textScale = 1;
+
+    QString folder() const {
+        return QStringLiteral("%1x%2%3")
+            .arg(size.width())
+            .arg(size.height())
+            .arg(QLatin1String(name));
+    }
+};
+
+const std::array looks{Look{{390, 844}},
+                       Look{{320, 568}},
+                       Look{{844, 390}},
+                       Look{{1024, 768}},
+                       Look{{1600, 1000}},
+                       Look{{390, 844}, "-dark", true},
+                       Look{{1600, 1000}, "-dark", true},
+                       Look{{390, 844}, "-contrast", false, true},
+                       Look{{390, 844}, "-dark-contrast", true, true},
+                       Look{{390, 844}, "-large", false, false, 1.5},
+                       Look{{320, 568}, "-large", false, false, 1.5},
+                       Look{{844, 390}, "-large-dark", true, false, 1.5}};
+
+/** One walk through all screens in one look, with a new store. */
 class Walk {
 public:
-    Walk(QSize size, const QString& collection, const QString& outputFolder)
+    Walk(const Look& look, const QString& collection, const QString& outputFolder)
         : m_program({m_home.filePath(QStringLiteral("store")),
                      m_home.filePath(QStringLiteral("settings/Lantern.ini"))},
                     environment(), m_platform)
         , m_pilot(launched(m_program))
         , m_collection(collection)
-        , m_output(
-              QStringLiteral("%1/%2x%3").arg(outputFolder).arg(size.width()).arg(size.height())) {
+        , m_output(outputFolder + u'/' + look.folder()) {
         if (!QDir().mkpath(m_output.path()))
             throw std::runtime_error("the output folder cannot be made");
-        m_pilot.resize(size);
+        Appearance& appearance = m_program.appearance();
+        appearance.dark = look.dark;
+        appearance.highContrast = look.highContrast;
+        appearance.textScale = look.textScale;
+        Q_EMIT appearance.changed();
+        m_pilot.resize(look.size);
     }
 
     void all() {
@@ -115,6 +150,29 @@ private:
         shoot("import-report", "OK");
         m_pilot.tap(QStringLiteral("OK"));
         m_pilot.find(QStringLiteral("Menu"));
+        hardQuotes();
+    }
+
+    /** Quotes whose names are long, blank, or run from right to left. */
+    void hardQuotes() {
+        ManagedObjectContext& context = m_program.application().persistentContainer().viewContext();
+        const std::array<std::array<const char*, 3>, 6> names{
+            {{"", "", "A quote of nobody about nothing"},
+             {"Wolfgang Amadeus Theophilus von und zu Hohenlohe-Schillingsfürst",
+              " A topic whose name is longer than any window of a phone is wide", "Long names"},
+             {"جبران خليل جبران", " الحكمة", "أنتم الأقواس التي منها ينطلق أولادكم سهاماً حيّة"},
+             {"עמוס עוז", " תקווה", "מי שאין לו תקווה אין לו כלום"},
+             {"孔子", " 仁 · 学习与思考", "學而不思則罔，思而不學則殆。"},
+             {"คนไทย 👩🏽‍🚀", " 😀 हिन्दी", "ภาษาไทย 😀 हिन्दी"}}};
+        for (const auto& [author, topic, text] : names) {
+            Event& quote = *context.insert<Event>();
+            quote.setAuthor(QString::fromUtf8(author));
+            quote.setCategory(QString::fromUtf8(topic));
+            quote.setSource(QString::fromUtf8(author));
+            quote.setQuote(QString::fromUtf8(text));
+            quote.setTimestamp(m_program.application().services.environment.now());
+        }
+        m_program.application().saveContext();
     }
 
     void quoteList() {
@@ -347,9 +405,10 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "Draws every screen of Lantern, with a collection imported into it.\n"
-                             "usage: tour OUTPUT-FOLDER COLLECTION-FILE\n");
+    if (argc < 3) {
+        std::fprintf(stderr, "Draws every screen of Lantern, with a collection imported into it, "
+                             "in each look or in those that are named, as their folders are.\n"
+                             "usage: tour OUTPUT-FOLDER COLLECTION-FILE [LOOK]...\n");
         return EXIT_FAILURE;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -361,8 +420,11 @@ int main(int argc, char** argv) {
     const QString output = QString::fromLocal8Bit(argv[1]);
     const QString collection = QFile::decodeName(argv[2]);
     try {
-        for (const QSize size : {QSize(390, 844), QSize(320, 568), QSize(1024, 768)})
-            Walk(size, collection, output).all();
+        const QStringList wanted = QGuiApplication::arguments().mid(3);
+        for (const Look& look : looks) {
+            if (wanted.isEmpty() || wanted.contains(look.folder()))
+                Walk(look, collection, output).all();
+        }
     } catch (const std::exception& error) {
         std::fprintf(stderr, "The tour ended: %s\n", error.what());
         warnings.append(QString());
