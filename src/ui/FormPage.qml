@@ -14,7 +14,8 @@ FocusScope {
 
     signal backgroundTapped
 
-    /** Scrolls to the field that the user is in, or whose sheet the user is in. */
+    /** Scrolls to the field that the user is in, or whose sheet the user is in; within a text to its
+     * caret. What is in sight stays where it is, under the finger or the mouse. */
     function reveal(): void {
         const item = Editing.sheet?.activeFocus ? Editing.field : focusedItem;
         let holder = item;
@@ -22,17 +23,27 @@ FocusScope {
             holder = holder.parent;
         if (holder === null || item === column)
             return;
+        const part = (item as TextEdit)?.cursorRectangle ?? Qt.rect(0, 0, item.width, item.height);
         const visibleHeight = page.height - Editing.sheetHeight;
-        const margin = Math.max(0, Math.min(Theme.margin, (visibleHeight - item.height) / 2));
-        const top = column.y + item.mapToItem(column, 0, 0).y - margin;
-        const bottom = top + item.height + 2 * margin;
+        const margin = Math.max(0, Math.min(Theme.margin, (visibleHeight - part.height) / 2));
+        const top = column.y + item.mapToItem(column, 0, part.y).y;
+        const bottom = top + part.height;
+        const end = Math.max(0, page.contentHeight + page.bottomMargin - page.height);
         if (bottom > page.contentY + visibleHeight)
-            page.contentY = bottom - visibleHeight;
+            page.contentY = Math.min(bottom + margin - visibleHeight, end);
         if (top < page.contentY)
-            page.contentY = Math.max(0, top);
+            page.contentY = Math.max(0, top - margin);
     }
 
     onFocusedItemChanged: reveal()
+
+    Connections {
+        target: root.focusedItem as TextEdit
+
+        function onCursorRectangleChanged() {
+            root.reveal();
+        }
+    }
 
     Connections {
         target: Editing

@@ -111,6 +111,8 @@ FocusScope {
                 if (text !== root.shown(root.control.text))
                     root.control.text = text;
             }
+            onActiveFocusChanged: if (activeFocus)
+                root.reveal(cursorPosition)
             Keys.onEscapePressed: root.control.endEditing()
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)

@@ -76,6 +76,20 @@ TEST_F(ReadingViews, ButtonsAndStepperChangeTheReadingSize) {
     EXPECT_EQ(detail.QuoteTextView->text(), "First light!");
 }
 
+TEST_F(ReadingViews, PressingALongTextLeavesThePageInItsPlace) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("aa"),
+             QStringLiteral("To be, or not to be, that is the question.\n").repeated(60));
+    openDetail();
+    QQuickItem& text = pilot->find(QStringLiteral("Quote"));
+    const QPoint place = text.mapToScene({60, 20}).toPoint();
+    pilot->drag(place, {60, 0});
+    EXPECT_EQ(text.mapToScene({60, 20}).toPoint(), place);
+    EXPECT_TRUE(pilot->hasFocus(QStringLiteral("Quote")));
+    const QString selected = text.property("selectedText").toString();
+    EXPECT_GT(selected.size(), 2);
+    EXPECT_TRUE(QStringLiteral("To be, or not to be").contains(selected)) << selected.toStdString();
+}
+
 TEST_F(ReadingViews, DetailIsEditedByTouchAndSaved) {
     use("UseDateWheel");
     openDetail();
