@@ -3,6 +3,7 @@
 #include "app/AppDelegate.h"
 #include "app/NameRecords.h"
 #include "app/SortedRecords.h"
+#include "app/Undo.h"
 #include "foundation/FatalError.h"
 #include "names/NameKind.h"
 #include "shared/CommonLook.h"
@@ -34,6 +35,7 @@ public:
         , m_callingScreen(std::move(callingScreen))
         , m_countCaption(std::move(countCaption)) {
         screen.setShared(*this);
+        QObject::connect(&application.services.notes, &Notes::undone, &screen, [this] { load(); });
     }
 
     ManagedObjectContext& context;
@@ -102,10 +104,13 @@ private:
     }
 
     void deleteRecord(int row) {
-        context.deleteObject(recordAt(records, row));
+        Record& record = recordAt(records, row);
+        context.deleteObject(record);
         m_application.saveContext();
         records.erase(records.begin() + row);
         m_screen.tableView()->deleteRow(row);
+        offerUndo(m_application, record, QLatin1String(NameKind<Record>::noun),
+                  (record.*NameKind<Record>::get)());
     }
 
     TableViewController& m_screen;

@@ -3,7 +3,10 @@
 #include "names/NameRecordList.h"
 
 TopicTableTableViewController::TopicTableTableViewController(AppDelegate& application)
-    : m_application(application) {}
+    : m_application(application) {
+    connect(&application.services.notes, &Notes::undone, this,
+            &TopicTableTableViewController::load);
+}
 
 void TopicTableTableViewController::viewDidLoad() {
     load();
@@ -56,7 +59,7 @@ bool TopicTableTableViewController::canEditRowAtIndexPath(int /*row*/) const {
 
 std::vector<ContextualAction>
 TopicTableTableViewController::trailingSwipeActionsConfigurationForRowAtIndexPath(int row) {
-    return {{QStringLiteral("Delete"), true,
+    return {{QStringLiteral("delete"), true,
              [this, row] { commitEditingStyle(EditingStyle::Delete, row); }}};
 }
 
@@ -65,9 +68,11 @@ void TopicTableTableViewController::commitEditingStyle(EditingStyle style, int r
         return;
     auto& fetched = fetchedResultsController();
     ManagedObjectContext& context = fetched.managedObjectContext();
-    context.deleteObject(recordAt(fetched.fetchedObjects(), row));
+    Topics& topic = recordAt(fetched.fetchedObjects(), row);
+    context.deleteObject(topic);
     if (const auto error = context.save())
         fatalError(error->unresolved());
+    offerUndo(m_application, topic, QStringLiteral("Topic"), topic.topic());
 }
 
 void TopicTableTableViewController::controllerWillChangeContent() {

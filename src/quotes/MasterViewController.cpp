@@ -1,5 +1,6 @@
 #include "MasterViewController.h"
 
+#include "app/Undo.h"
 #include "foundation/FatalError.h"
 #include "quotes/MasterTableViewCell.h"
 #include "shared/CommonLook.h"
@@ -7,7 +8,9 @@
 #include "store/ListSearch.h"
 
 #include <QLoggingCategory>
+#include <QPointer>
 
+#include <algorithm>
 #include <array>
 
 Q_LOGGING_CATEGORY(lcQuotes, "lantern.quotes")
@@ -47,6 +50,7 @@ MasterViewController::MasterViewController(AppDelegate& application)
     , m_application(application) {
     connect(segment, &SegmentedControl::valueChanged, this,
             [this] { segmentedControlActionWithSender(*segment); });
+    connect(&application.services.notes, &Notes::undone, this, &MasterViewController::refresh);
 }
 
 void MasterViewController::viewDidLoad() {
@@ -204,11 +208,25 @@ void MasterViewController::refresh() {
 }
 
 void MasterViewController::deleteQuote(int row) {
-    context.deleteObject(quoteAt(row));
+    Event& quote = quoteAt(row);
+    context.deleteObject(quote);
     m_application.saveContext();
     auto& shown = shownList();
     shown.erase(shown.begin() + row);
     tableView()->deleteRow(row);
+    const auto search = searchController->searchBar()->text();
+    offerUndo(m_application, quote, QStringLiteral("Quote"), quote.quote(),
+              [screen = QPointer(this), &quote, row, search] {
+                  if (screen && screen->searchController->searchBar()->text() == search)
+                      screen->putBackInSearch(quote, row);
+              });
+}
+
+void MasterViewController::putBackInSearch(Event& quote, int row) {
+    auto& found = FilteredQuoteList;
+    if (isSearchTextEmpty() || std::ranges::find(found, &quote) != found.end())
+        return;
+    found.insert(found.begin() + std::min<std::ptrdiff_t>(row, std::ssize(found)), &quote);
 }
 
 bool MasterViewController::isSearchTextEmpty() const {

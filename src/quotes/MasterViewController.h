@@ -51,6 +51,8 @@ private:
 
     void refresh();
     void deleteQuote(int row);
+    /** A refresh brings back the quotes of the whole list, not those of a search. */
+    void putBackInSearch(Event& quote, int row);
     bool isSearchTextEmpty() const;
     std::vector<Event*>& shownList();
     Event& quoteAt(int row);

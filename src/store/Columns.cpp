@@ -51,6 +51,11 @@ void NameColumn::forget(Row row) {
     unindex(row);
 }
 
+void NameColumn::remember(Row row) {
+    if (const auto number = std::exchange(m_values[row], absent); number != absent)
+        setNumber(row, number);
+}
+
 void NameColumn::index() const {
     if (!m_rows.empty())
         return;

@@ -33,6 +33,8 @@ public:
     bool set(Row row, const std::optional<QString>& text);
     /** Takes a row that is deleted out of the index; its value stays. */
     void forget(Row row);
+    /** Puts a row that is no longer deleted back into the index. */
+    void remember(Row row);
     void read(Row row, Statement& statement, int column);
     void bind(Row row, Statement& statement, int parameter) const;
 
@@ -92,6 +94,7 @@ public:
     std::optional<QByteArrayView> bytes(Row row) const;
     bool set(Row row, const std::optional<QString>& text);
     void forget(Row /*row*/) {}
+    void remember(Row /*row*/) {}
     void read(Row row, Statement& statement, int column);
     void bind(Row row, Statement& statement, int parameter) const;
 
@@ -122,6 +125,7 @@ public:
     std::optional<Date> value(Row row) const { return m_dates[row]; }
     bool set(Row row, std::optional<Date> date);
     void forget(Row /*row*/) {}
+    void remember(Row /*row*/) {}
     void read(Row row, Statement& statement, int column);
     void bind(Row row, Statement& statement, int parameter) const;
 

@@ -157,6 +157,17 @@ void EntityTable::remove(Row row) {
     markDeleted(row);
 }
 
+void EntityTable::restore(Row row) {
+    if (!isDeleted(row))
+        return;
+    for (auto& column : m_columns)
+        std::visit([row](auto& values) { values.remember(row); }, column);
+    m_states[row].isDeleted = false;
+    // While the removal was not saved, the row is among the changed ones already.
+    if (m_states[row].needsWriting() && std::ranges::find(m_changed, row) == m_changed.end())
+        m_changed.push_back(row);
+}
+
 std::optional<QString> EntityTable::text(Row row, std::size_t attribute) {
     needValues();
     if (const auto* names = std::get_if<NameColumn>(&m_columns[attribute]))

@@ -46,6 +46,8 @@ public:
 
     Row insert();
     void remove(Row row);
+    /** Takes a removal back, with the values and the identity that the row had. */
+    void restore(Row row);
     bool isDeleted(Row row) const { return m_states[row].isDeleted; }
     bool hasChanges(Row row) const { return m_states[row].needsWriting(); }
 

@@ -54,6 +54,10 @@ void ManagedObjectContext::deleteObject(ManagedObject& object) {
     object.m_table->remove(object.m_row);
 }
 
+void ManagedObjectContext::restoreObject(ManagedObject& object) {
+    object.m_table->restore(object.m_row);
+}
+
 bool ManagedObjectContext::hasChanges() const {
     return std::any_of(m_tables.begin(), m_tables.end(),
                        [](const auto& table) { return table->hasChanges(); });

@@ -63,6 +63,10 @@ public:
     /** Deletes a record of this context; once more changes nothing. */
     void deleteObject(ManagedObject& object);
 
+    /** Takes the deletion of a record back, saved or not: it is what it was, in the place among
+     * its like that it had. It was fetched with its values. */
+    void restoreObject(ManagedObject& object);
+
     /** Whether save() would write anything. */
     bool hasChanges() const;
 

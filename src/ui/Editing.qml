@@ -11,6 +11,8 @@ QtObject {
     /** What holds the input views. */
     property Item sheet: null
     property real sheetHeight: 0
+    /** How much of it the offer to undo covers. */
+    property real undoHeight: 0
 
     /** The user turns the input view by so many steps, from the field. */
     signal turned(steps: int)

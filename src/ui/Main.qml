@@ -46,6 +46,8 @@ T.ApplicationWindow {
         focus: true
 
         Repeater {
+            id: screens
+
             model: root.window !== null ? 1 : 0
 
             NavigationView {
@@ -67,6 +69,17 @@ T.ApplicationWindow {
         InputSheet {
             keyboard: root.keyboard
         }
+
+        UndoBar {
+            notes: root.notes
+            onEmptied: screens.itemAt(0).forceActiveFocus()
+        }
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Undo]
+        enabled: root.notes.undoable !== ""
+        onActivated: root.notes.undo()
     }
 
     Presentations {

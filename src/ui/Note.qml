@@ -8,14 +8,13 @@ Rectangle {
     required property Notes notes
 
     anchors.bottom: parent.bottom
-    anchors.bottomMargin: Editing.sheetHeight + 2 * Theme.margin
+    anchors.bottomMargin: Editing.sheetHeight + Editing.undoHeight + Theme.margin
     anchors.horizontalCenter: parent.horizontalCenter
     width: label.width
     height: label.height
     radius: Theme.sheetRadius
     color: Theme.ink
     visible: false
-    // Screen readers tell a notification that appears.
     Accessible.role: Accessible.Notification
     Accessible.name: label.text
 
@@ -26,7 +25,8 @@ Rectangle {
             root.visible = false;
             label.text = text;
             root.visible = true;
-            read.interval = 3000 + 60 * text.length;
+            Announcer.say(root, text);
+            read.interval = 2500 + 60 * Math.max(0, text.length - 10);
             read.restart();
         }
     }

@@ -38,6 +38,7 @@ FocusScope {
         if (action >= table.swipeActionTitles(row).length)
             return;
         openRow = null;
+        list.forceActiveFocus(); // where Undo is not that of a text
         list.fading = true;
         table.performSwipeAction(row, action);
         fadeEnd.restart();
@@ -138,7 +139,7 @@ FocusScope {
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
         boundsBehavior: Flickable.StopAtBounds
-        bottomMargin: Theme.gap
+        bottomMargin: Theme.gap + Editing.undoHeight
         clip: true
         focus: true
         activeFocusOnTab: true

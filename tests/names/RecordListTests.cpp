@@ -85,6 +85,9 @@ TEST_F(RecordLists, DeleteARecordAndNoQuote) {
     EXPECT_EQ(rows(list), QStringList({"A", "C"}));
     EXPECT_FALSE(application.context().hasChanges());
     EXPECT_EQ(application.all<Event>().size(), 1U);
+    application.notes.undo();
+    EXPECT_EQ(rows(list), QStringList({"A", "B", "C"}));
+    EXPECT_FALSE(application.context().hasChanges());
 }
 
 TEST_F(RecordLists, HandOnTheChosenNameAndFetchAnewWhenTheyAppear) {
@@ -123,7 +126,7 @@ TEST_F(RecordLists, OfTopicsFollowTheirRecordsThroughTheFetchedResults) {
     const QSignalSpy inserted(list.tableView(), &QAbstractItemModel::rowsInserted);
     list.commitEditingStyle(EditingStyle::Insert, 1);
     EXPECT_EQ(removed.size(), 0);
-    EXPECT_EQ(list.tableView()->swipeActionTitles(1), QStringList("Delete"));
+    EXPECT_EQ(list.tableView()->swipeActionTitles(1), QStringList("delete"));
     list.tableView()->performSwipeAction(1, 0);
     ASSERT_EQ(removed.size(), 1);
     EXPECT_EQ(removed.at(0).at(1), 1);

@@ -161,6 +161,20 @@ TEST_F(QuoteList, DeletesFromTheStoreAndTheShownListAlone) {
     list->viewWillAppear();
     EXPECT_EQ(shown(), "13");
 
+    search("a");
+    list->tableView()->performSwipeAction(0, 0);
+    EXPECT_EQ(application.notes.undoable(), "Quote deleted: 1");
+    EXPECT_EQ(shown(), "");
+    application.notes.undo(); // what went last comes first
+    EXPECT_EQ(shown(), "1");
+    application.notes.undo();
+    EXPECT_EQ(application.notes.undoable(), "");
+    EXPECT_EQ(shown(), "12");
+    EXPECT_FALSE(application.context().hasChanges());
+    list->searchController->searchBar()->setText(QString());
+    EXPECT_EQ(shown(), "123");
+    list->tableView()->performSwipeAction(1, 0);
+
     list->commitEditingStyle(EditingStyle::Delete, 0);
     EXPECT_EQ(list->tableView()->rowCount(), 1);
     EXPECT_EQ(application.all<Event>().size(), 2);

@@ -66,6 +66,42 @@ TEST_F(ContextTest, FetchesSeeWhatIsNotSavedAndRecordsKeepTheirAddress) {
     EXPECT_EQ(ann->author(), QStringLiteral("Bob")) << "lists may still show it";
 }
 
+TEST_F(ContextTest, RestoresADeletedRecordInItsPlaceAsItWas) {
+    const auto tellTexts = [](ManagedObjectContext& context) {
+        QString texts;
+        for (const auto* quote : fetched(context, Event::Keys::author == QStringLiteral("Ann")))
+            texts += quote->quote().value_or(QStringLiteral("-"));
+        return texts.toStdString();
+    };
+    {
+        const auto container = open();
+        auto& context = container->viewContext();
+        std::vector<Event*> quotes;
+        for (const char* text : {"a", "b", "c"}) {
+            quotes.push_back(context.insert<Event>());
+            quotes.back()->setAuthor(QStringLiteral("Ann"));
+            quotes.back()->setQuote(QLatin1String(text));
+        }
+        save(context);
+        context.deleteObject(*quotes[0]);
+        context.restoreObject(*quotes[0]);
+        EXPECT_FALSE(context.hasChanges()) << "deleted and restored";
+        context.deleteObject(*quotes[1]);
+        save(context);
+        EXPECT_EQ(tellTexts(context), "ac");
+        context.restoreObject(*quotes[1]);
+        auto* never = context.insert<Event>();
+        context.deleteObject(*never);
+        context.restoreObject(*never);
+        EXPECT_EQ(tellTexts(context), "abc");
+        save(context);
+        EXPECT_FALSE(context.hasChanges());
+    }
+    const auto container = open();
+    EXPECT_EQ(tellTexts(container->viewContext()), "abc");
+    EXPECT_EQ(fetched<Event>(container->viewContext()).size(), 4);
+}
+
 TEST_F(ContextTest, DeletesAllByIdentityAloneAndReadsAttributesOnDemand) {
     {
         const auto container = open();

@@ -190,7 +190,7 @@ TEST_F(NameViews, TopicsAreAddedEditedAndDeletedByKeyboard) {
     EXPECT_FALSE(pilot->look(QStringLiteral("b")));
     EXPECT_EQ(list.tableView()->header()->text(), "# Topics: = 2");
     pilot->drag(pilot->find(QStringLiteral("c")), {-140, 0});
-    tap("Delete");
+    tap("delete");
     EXPECT_TRUE(pilot->waitFor([&] { return !pilot->look(QStringLiteral("c")); }));
     EXPECT_EQ(context().fetch(Topics::fetchRequest()).records.size(), 1U);
 }

@@ -112,6 +112,9 @@ TEST_F(Views, QuoteListDeletesBySwipe) {
     pilot->tap(QStringLiteral("delete"));
     EXPECT_EQ(quoteCount(), 1);
     EXPECT_EQ(rows(), QStringList("Topic: a"));
+    pilot->tap(QStringLiteral("Undo"));
+    EXPECT_EQ(rows(), QStringList({"Topic: a", "Topic: b"}));
+    EXPECT_FALSE(pilot->look(QStringLiteral("Undo")));
 }
 
 TEST_F(Views, QuoteListDeletesBySwipeInASearch) {
@@ -126,6 +129,9 @@ TEST_F(Views, QuoteListDeletesBySwipeInASearch) {
     pilot->tap(QStringLiteral("delete"));
     EXPECT_EQ(rows(), QStringList({"Topic: first love", "Topic: third love"}));
     EXPECT_EQ(quoteCount(), 3);
+    pilot->press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(rows().size(), 3);
+    EXPECT_EQ(quoteCount(), 4);
     EXPECT_EQ(pilot->find(QStringLiteral("Search quotes")).property("text"),
               QStringLiteral("love"));
 }
