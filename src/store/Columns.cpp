@@ -91,9 +91,9 @@ void NameColumn::bind(Row row, Statement& statement, int parameter) const {
     statement.bindText(parameter, bytes(row));
 }
 
-const std::vector<Row>& NameColumn::rows(const QString& text) const {
+const std::vector<Row>& NameColumn::rows(std::uint32_t number) const {
     index();
-    return m_rows[knownNumber(text)];
+    return m_rows[number];
 }
 
 QStringList NameColumn::distinct(const std::vector<Row>& rows) const {

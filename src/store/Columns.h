@@ -42,8 +42,8 @@ public:
     std::uint32_t number(Row row) const { return m_values[row]; }
     /** The number of a text; that of an absent value where no row has had the text. */
     std::uint32_t knownNumber(const QString& text) const;
-    /** The rows that have this text, in row order. */
-    const std::vector<Row>& rows(const QString& text) const;
+    /** The rows whose text has this number, in row order. */
+    const std::vector<Row>& rows(std::uint32_t number) const;
     /** The distinct texts of these rows, in the order in which they come. */
     QStringList distinct(const std::vector<Row>& rows) const;
     RowTest equalTo(const std::variant<QString, Date>& value) const;

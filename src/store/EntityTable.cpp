@@ -2,6 +2,8 @@
 
 #include "foundation/FatalError.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <numeric>
 #include <ranges>
@@ -90,6 +92,8 @@ std::vector<Row> EntityTable::rows(const std::vector<AttributeOrder>& order,
     std::vector<Row> result = std::move(*candidates);
     std::erase_if(result, [this](Row row) { return isDeleted(row); });
     for (const auto& test : tests) {
+        if (std::holds_alternative<NameColumn>(m_columns[test.attribute]))
+            continue;
         const auto passes =
             std::visit([&](const auto& column) { return column.equalTo(test.value); },
                        m_columns[test.attribute]);
@@ -104,28 +108,40 @@ std::vector<Row> EntityTable::rows(const std::vector<AttributeOrder>& order,
 
 std::optional<std::vector<Row>>
 EntityTable::rowsOfNames(const std::vector<AttributeEquals>& tests) const {
-    std::vector<std::size_t> attributes;
-    std::vector<const NameColumn*> columns;
-    std::vector<QString> texts;
+    constexpr std::uint64_t digit = 16;
+    std::uint64_t attributes = 0;
+    QVarLengthArray<const NameColumn*, 4> columns;
+    QVarLengthArray<std::uint32_t, 4> numbers;
     const std::vector<Row>* fewest = nullptr;
     for (const auto& test : tests) {
         const auto* names = std::get_if<NameColumn>(&m_columns[test.attribute]);
         if (names == nullptr)
             continue;
-        attributes.push_back(test.attribute);
-        columns.push_back(names);
-        texts.push_back(std::get<QString>(test.value));
-        const auto& rows = names->rows(texts.back());
+        attributes = digit * attributes + test.attribute + 1;
+        columns.append(names);
+        numbers.append(names->knownNumber(std::get<QString>(test.value)));
+        const auto& rows = names->rows(numbers.back());
         if (fewest == nullptr || rows.size() < fewest->size())
             fewest = &rows;
     }
     if (fewest == nullptr)
         return std::nullopt;
     constexpr std::size_t few = 16;
-    if (columns.size() < 2 || fewest->size() <= few)
-        return *fewest;
-    auto& combinations = m_combinations.try_emplace(attributes, columns).first->second;
-    return combinations.rows(texts, rowCount());
+    std::vector<Row> found;
+    if (columns.size() < 2 || fewest->size() <= few) {
+        found = *fewest;
+    } else {
+        auto known = m_combinations.find(attributes);
+        if (known == m_combinations.end())
+            known = m_combinations.emplace(attributes, std::vector(columns.begin(), columns.end()))
+                        .first;
+        found = known->second.rows(numbers, rowCount());
+    }
+    std::erase_if(found, [&](Row row) {
+        return !std::ranges::equal(columns, numbers, {},
+                                   [row](const NameColumn* names) { return names->number(row); });
+    });
+    return found;
 }
 
 std::size_t EntityTable::count(const std::vector<AttributeEquals>& tests) const {
@@ -133,7 +149,7 @@ std::size_t EntityTable::count(const std::vector<AttributeEquals>& tests) const 
     if (tests.size() == 1) {
         const auto& test = tests.front();
         if (const auto* names = std::get_if<NameColumn>(&m_columns[test.attribute]))
-            return names->rows(std::get<QString>(test.value)).size();
+            return names->rows(names->knownNumber(std::get<QString>(test.value))).size();
     }
     return rows({}, tests).size();
 }

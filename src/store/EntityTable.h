@@ -82,8 +82,7 @@ private:
     /** Reads all rows of the file, and marks those found that were known before; SQLITE_DONE or an
      * error code. */
     int readRows(bool withValues, std::vector<bool>& isFound);
-    /** The rows that the tests of names leave, and perhaps some more; nothing when there are no
-     * such tests. */
+    /** The rows that the tests of names leave; nothing when there are no such tests. */
     std::optional<std::vector<Row>> rowsOfNames(const std::vector<AttributeEquals>& tests) const;
     Row append(std::int64_t id);
     void needValues();
@@ -99,8 +98,8 @@ private:
     Contents m_contents = Contents::Nothing;
     std::uint64_t m_seenChanges = 0;
     std::vector<Column> m_columns;
-    // By the attributes that a fetch has tested together.
-    mutable std::map<std::vector<std::size_t>, NameCombinations> m_combinations;
+    // By the attributes that a fetch has tested together, as digits of a number.
+    mutable std::map<std::uint64_t, NameCombinations> m_combinations;
     std::vector<std::int64_t> m_ids;
     std::vector<State> m_states;
     std::vector<Row> m_changed; // since the last save; the first of them are noted for writing

@@ -5,7 +5,9 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <type_traits>
 #include <utility>
@@ -58,8 +60,8 @@ Predicate<Record> operator==(Key<Record, Value> key, const std::type_identity_t<
 }
 
 template <class Record>
-Predicate<Record> operator&&(Predicate<Record> left, const Predicate<Record>& right) {
-    left.tests.insert(left.tests.end(), right.tests.begin(), right.tests.end());
+Predicate<Record> operator&&(Predicate<Record> left, Predicate<Record> right) {
+    std::ranges::move(right.tests, std::back_inserter(left.tests));
     return left;
 }
 

@@ -13,7 +13,8 @@ std::uint32_t mixed(std::uint32_t hash, std::uint32_t number) {
 
 } // namespace
 
-std::vector<Row> NameCombinations::rows(const std::vector<QString>& texts, std::size_t rowCount) {
+std::vector<Row> NameCombinations::rows(std::span<const std::uint32_t> numbers,
+                                        std::size_t rowCount) {
     if (rowCount + m_entries.size() - m_rowCount > m_firsts.size()) {
         m_firsts.assign(std::bit_ceil(2 * rowCount), none);
         m_entries.clear();
@@ -23,8 +24,8 @@ std::vector<Row> NameCombinations::rows(const std::vector<QString>& texts, std::
         add(Row(m_rowCount++));
 
     std::uint32_t hash = 0;
-    for (std::size_t i = 0; i < m_columns.size(); ++i)
-        hash = mixed(hash, m_columns[i]->knownNumber(texts[i]));
+    for (const auto number : numbers)
+        hash = mixed(hash, number);
     std::vector<Row> found;
     for (auto place = placeOf(hash); place != none; place = m_entries[place].next)
         found.push_back(m_entries[place].row);

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /**
@@ -16,9 +17,9 @@ public:
     explicit NameCombinations(std::vector<const NameColumn*> columns)
         : m_columns(std::move(columns)) {}
 
-    /** Of the first so many rows, those that have these texts, in row order. Some more may be among
-     * them. */
-    std::vector<Row> rows(const std::vector<QString>& texts, std::size_t rowCount);
+    /** Of the first so many rows, those whose names have these numbers, in row order. Some more may
+     * be among them. */
+    std::vector<Row> rows(std::span<const std::uint32_t> numbers, std::size_t rowCount);
     /** Takes in that a row may have got other values. */
     void noteChange(Row row);
 
