@@ -6,6 +6,7 @@ AddAuthorViewController::AddAuthorViewController(AppDelegate& application)
 
 void AddAuthorViewController::viewDidLoad() {
     styleFormField(*AuthorTextField);
+    noteSaved();
 }
 
 void AddAuthorViewController::SaveAuthor() {
@@ -18,6 +19,7 @@ AddSourceViewController::AddSourceViewController(AppDelegate& application)
 
 void AddSourceViewController::viewDidLoad() {
     styleFormField(*SourceTextField);
+    noteSaved();
 }
 
 void AddSourceViewController::SaveSource() {
@@ -37,6 +39,7 @@ void TopicViewController::viewDidLoad() {
     styleFormField(*TopicTextField);
     TopicTextField->setBorderColor(black);
     styleButton(*SaveButton);
+    noteSaved();
 }
 
 void TopicViewController::touchesBegan() {
@@ -57,6 +60,7 @@ EditAuthorViewController::EditAuthorViewController(AppDelegate& application)
 
 void EditAuthorViewController::viewDidLoad() {
     edit = beginNameEdit<Authors>(*AuthorTextField, m_application);
+    noteSaved();
 }
 
 void EditAuthorViewController::touchesBegan() {
@@ -73,6 +77,7 @@ EditSourceViewController::EditSourceViewController(AppDelegate& application)
 
 void EditSourceViewController::viewDidLoad() {
     edit = beginNameEdit<Sources>(*SourceTextField, m_application);
+    noteSaved();
 }
 
 void EditSourceViewController::touchesBegan() {
@@ -90,6 +95,7 @@ EditTopicViewController::EditTopicViewController(AppDelegate& application)
 void EditTopicViewController::viewDidLoad() {
     setTitle(QStringLiteral("Edit Topic"));
     edit = beginNameEdit<Topics>(*TopicTextField, m_application);
+    noteSaved();
 }
 
 void EditTopicViewController::touchesBegan() {

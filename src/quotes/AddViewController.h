@@ -33,6 +33,7 @@ public:
 
     void viewDidLoad() override;
     void viewWillAppear() override;
+    bool hasUnsavedChanges() const override { return form.hasUnsavedChanges(); }
     Q_INVOKABLE void dismissKeyboard();
     void SaveQuote();
 

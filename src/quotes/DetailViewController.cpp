@@ -75,6 +75,7 @@ void DetailViewController::viewDidLoad() {
     CategoryTextField->setText(m_key.topic);
     AuthorTextField->setText(m_key.author);
     showHighlighted();
+    form.noteSaved();
 }
 
 void DetailViewController::viewWillAppear() {
@@ -133,6 +134,7 @@ void DetailViewController::SaveQuote() {
     form.write(*Results.front());
     if (const auto error = m_application.persistentContainer().viewContext().save())
         qCWarning(lcQuotes) << error->description;
+    form.noteSaved();
     if (!returnToOpener())
         endSaving();
 }

@@ -50,6 +50,7 @@ public:
 
     void viewDidLoad() override;
     void viewWillAppear() override;
+    bool hasUnsavedChanges() const override { return form.hasUnsavedChanges(); }
     Q_INVOKABLE void unwindToQuoteDetailWithSegue(Segue* segue);
     Q_INVOKABLE void dismissKeyboard();
 

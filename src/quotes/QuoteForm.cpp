@@ -4,6 +4,8 @@
 #include "shared/CommonLook.h"
 #include "toolkit/AlertController.h"
 
+#include <algorithm>
+
 namespace {
 
 enum PickerTag { TopicTag = 1, SourceTag = 2, AuthorTag = 3 };
@@ -27,7 +29,7 @@ QuoteForm::QuoteForm(ViewController& screen, AppDelegate& application)
     QObject::connect(DateAddedTextField, &TextInput::editingDidBegin, &screen,
                      [this] { DateEntered(); });
     QObject::connect(datePickerView, &DatePicker::valueChanged, &screen,
-                     [this] { m_datePicked = true; });
+                     [this] { m_datePicked = m_dateIsChosen = true; });
     QObject::connect(DateAddedTextField, &TextInput::entered, &screen, [this] { takeTypedDate(); });
     for (TextField* field :
          {SourceTextField, CategoryTextField, AuthorTextField, DateAddedTextField})
@@ -46,9 +48,7 @@ void QuoteForm::wirePickers() {
 }
 
 void QuoteForm::styleFields() {
-    for (TextInput* field :
-         std::initializer_list<TextInput*>{SourceTextField, CategoryTextField, AuthorTextField,
-                                           DateAddedTextField, QuoteTextView})
+    for (TextInput* field : inputs())
         styleFormField(*field);
 }
 
@@ -81,12 +81,14 @@ void QuoteForm::DateEntered() {
 }
 
 void QuoteForm::doneClick() {
+    m_dateIsChosen = true;
     QuoteDate = datePickerView->date();
     showDate(datePickerView->date());
     m_screen.endEditing();
 }
 
 void QuoteForm::todayClick() {
+    m_dateIsChosen = true;
     // The field says today while the picked date is what a save writes.
     QuoteDate = datePickerView->date();
     showDate(m_application.services.environment.now());
@@ -122,6 +124,25 @@ bool QuoteForm::validate() {
                      QStringLiteral("The date cannot be read: \"%1\"")
                          .arg(DateAddedTextField->text().left(100)));
     return m_dateIsRead;
+}
+
+std::array<TextInput*, 5> QuoteForm::inputs() const {
+    return {SourceTextField, CategoryTextField, AuthorTextField, DateAddedTextField, QuoteTextView};
+}
+
+bool QuoteForm::hasUnsavedChanges() const {
+    const auto all = inputs();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const bool counts = all[i] != DateAddedTextField || m_dateIsChosen;
+        if (counts && all[i]->text() != m_savedTexts[i])
+            return true;
+    }
+    return false;
+}
+
+void QuoteForm::noteSaved() {
+    std::ranges::transform(inputs(), m_savedTexts.begin(), &TextInput::text);
+    m_dateIsChosen = false;
 }
 
 void QuoteForm::write(Event& quote) const {
@@ -175,6 +196,7 @@ void QuoteForm::showDate(Date date) {
 }
 
 void QuoteForm::takeTypedDate() {
+    m_dateIsChosen = true;
     const Environment& environment = m_application.services.environment;
     const QString text = DateAddedTextField->text();
     auto date = parseDate(text, DateStyle::Long, environment);

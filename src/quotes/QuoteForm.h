@@ -7,6 +7,7 @@
 #include "toolkit/PickerView.h"
 #include "toolkit/TextInput.h"
 
+#include <array>
 #include <vector>
 
 /** The fields of a quote on a screen: what the add form and the quote detail have in common. */
@@ -45,6 +46,11 @@ public:
     /** Whether source, date, topic and author are entered, and the date can be read; shows an alert
      * when not. */
     bool validate();
+    /** Whether the user has entered what is not saved. The date that comes with entering its field
+     * is not the user's. */
+    bool hasUnsavedChanges() const;
+    /** What the fields hold counts as saved. */
+    void noteSaved();
     /** Writes the fields into a record. */
     void write(Event& quote) const;
 
@@ -60,6 +66,10 @@ private:
 
     ViewController& m_screen;
     AppDelegate& m_application;
+    std::array<TextInput*, 5> inputs() const;
+
+    std::array<QString, 5> m_savedTexts; // of the inputs
+    bool m_dateIsChosen = false;
     bool m_datePicked = false;
     bool m_dateIsRead = true; ///< false while the typed one cannot be
 };

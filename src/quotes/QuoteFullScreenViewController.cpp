@@ -8,6 +8,7 @@ QuoteFullScreenViewController::QuoteFullScreenViewController(AppDelegate& applic
 
 void QuoteFullScreenViewController::viewDidLoad() {
     QuoteTextView->setText(m_application.services.selection.selectedQuoteText);
+    noteSaved();
 }
 
 void QuoteFullScreenViewController::viewWillDisappear() {

@@ -18,6 +18,7 @@ public:
     void viewDidLoad() override;
     void viewWillDisappear() override;
     void touchesBegan() override;
+    bool handsChangesBack() const override { return true; }
     void ShareButtonTapped();
 
 private:

@@ -1,5 +1,7 @@
 #include "NavigationController.h"
 
+#include "toolkit/AlertController.h"
+
 #include <algorithm>
 
 NavigationController::NavigationController(std::unique_ptr<ViewController> rootViewController) {
@@ -29,6 +31,10 @@ void NavigationController::viewWillDisappear() {
 void NavigationController::viewDidDisappear() {
     m_visible = false;
     topViewController()->viewDidDisappear();
+}
+
+bool NavigationController::hasUnsavedChanges() const {
+    return std::ranges::any_of(m_stack, [](const auto& held) { return held->hasUnsavedChanges(); });
 }
 
 QList<ViewController*> NavigationController::viewControllers() const {
@@ -65,10 +71,22 @@ void NavigationController::goBack() {
     // What is presented belongs to the top screen, and ends before it.
     if (root().presentedViewController())
         return;
-    if (m_stack.size() > 1)
-        popToViewController(*m_stack.at(m_stack.size() - 2));
-    else if (BarButtonItem* own = topViewController()->navigationItem()->backBarButtonItem())
-        own->press();
+    const bool pops = m_stack.size() > 1;
+    BarButtonItem* own = topViewController()->navigationItem()->backBarButtonItem();
+    if (!pops && !own)
+        return;
+    const auto leave = [this, pops, own] {
+        if (pops)
+            popToViewController(*m_stack.at(m_stack.size() - 2));
+        else
+            own->press();
+    };
+    // The own way back of a stack's first screen leaves the stacks beside it too.
+    const ViewController* leaving = pops ? topViewController() : container() ? container() : this;
+    if (leaving->hasUnsavedChanges() && !leaving->handsChangesBack())
+        askToDiscardChanges(*this, leave);
+    else
+        leave();
 }
 
 void NavigationController::popToViewController(ViewController& controller) {

@@ -26,6 +26,7 @@ public:
     void viewDidAppear() override;
     void viewWillDisappear() override;
     void viewDidDisappear() override;
+    bool hasUnsavedChanges() const override;
 
     QList<ViewController*> viewControllers() const; ///< bottom first
     Q_INVOKABLE ViewController* viewControllerAt(int index) const;
@@ -33,7 +34,8 @@ public:
     int depth() const { return int(m_stack.size()); }
 
     void pushViewController(std::unique_ptr<ViewController> controller);
-    /** Back by one; at the bottom, the screen's own way back if it has one. */
+    /** Back by one; at the bottom, the screen's own way back if it has one. Asks first where that
+     * would lose what the user has entered. */
     Q_INVOKABLE void goBack();
     /** Pops all that stands above a screen of this stack. */
     void popToViewController(ViewController& controller);

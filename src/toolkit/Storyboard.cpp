@@ -1,6 +1,7 @@
 #include "Storyboard.h"
 
 #include "foundation/FatalError.h"
+#include "toolkit/AlertController.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/TabBarController.h"
 
@@ -62,6 +63,25 @@ ViewController* unwindDestination(const ViewController& source, const QString& a
     return nullptr;
 }
 
+/** Whether the way back to a screen leaves another than its source with changes. */
+bool losesChanges(const ViewController& source, const ViewController& destination) {
+    const ViewController* shown = &destination;
+    for (const ViewController* holder = shown->container(); holder; holder = holder->container()) {
+        if (const auto* navigation = qobject_cast<const NavigationController*>(holder)) {
+            const auto stack = navigation->viewControllers();
+            const auto above = std::ranges::find(stack, shown);
+            const bool loses =
+                std::any_of(above + 1, stack.end(), [&source](const ViewController* leaving) {
+                    return leaving != &source && leaving->hasUnsavedChanges();
+                });
+            if (loses)
+                return true;
+        }
+        shown = holder;
+    }
+    return false;
+}
+
 void reveal(ViewController& destination) {
     ViewController* shown = &destination;
     for (ViewController* holder = shown->container(); holder; holder = holder->container()) {
@@ -118,9 +138,16 @@ void Storyboard::perform(const QString& identifier, ViewController& source, QObj
     ViewController* destination = unwindDestination(source, segue->target);
     if (!destination)
         return;
-    Segue step(identifier, source, *destination);
-    source.prepareForSegue(step, sender);
-    QMetaObject::invokeMethod(destination, segue->target.toUtf8().constData(), Qt::DirectConnection,
-                              Q_ARG(Segue*, &step));
-    reveal(*destination);
+    const auto unwind = [identifier, action = segue->target.toUtf8(), &source, destination,
+                         sender] {
+        Segue step(identifier, source, *destination);
+        source.prepareForSegue(step, sender);
+        QMetaObject::invokeMethod(destination, action.constData(), Qt::DirectConnection,
+                                  Q_ARG(Segue*, &step));
+        reveal(*destination);
+    };
+    if (losesChanges(source, *destination))
+        askToDiscardChanges(source, unwind);
+    else
+        unwind();
 }

@@ -1,5 +1,7 @@
 #include "TabBarController.h"
 
+#include <algorithm>
+
 TabBarController::TabBarController(
     std::vector<std::unique_ptr<NavigationController>> viewControllers)
     : m_viewControllers(std::move(viewControllers)) {
@@ -29,6 +31,11 @@ void TabBarController::viewWillDisappear() {
 void TabBarController::viewDidDisappear() {
     m_visible = false;
     selectedViewController()->viewDidDisappear();
+}
+
+bool TabBarController::hasUnsavedChanges() const {
+    return std::ranges::any_of(m_viewControllers,
+                               [](const auto& tab) { return tab->hasUnsavedChanges(); });
 }
 
 QList<NavigationController*> TabBarController::viewControllers() const {

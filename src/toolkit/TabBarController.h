@@ -25,6 +25,7 @@ public:
     void viewDidAppear() override;
     void viewWillDisappear() override;
     void viewDidDisappear() override;
+    bool hasUnsavedChanges() const override;
 
     QList<NavigationController*> viewControllers() const;
     Q_INVOKABLE NavigationController* viewControllerAt(int index) const;

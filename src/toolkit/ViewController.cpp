@@ -18,6 +18,13 @@ QList<QObject*> controlsOf(const ViewController& screen) {
     return {controls.begin(), controls.end()};
 }
 
+QStringList textsOf(const ViewController& screen) {
+    QStringList texts;
+    for (const TextInput* input : screen.findChildren<TextInput*>(Qt::FindDirectChildrenOnly))
+        texts.append(input->text());
+    return texts;
+}
+
 } // namespace
 
 Segue::Segue(const QString& identifier, ViewController& source, ViewController& destination)
@@ -37,6 +44,14 @@ void ViewController::loadViewIfNeeded() {
 void ViewController::endEditing() {
     for (TextInput* input : findChildren<TextInput*>())
         input->endEditing();
+}
+
+bool ViewController::hasUnsavedChanges() const {
+    return m_savedTexts && *m_savedTexts != textsOf(*this);
+}
+
+void ViewController::noteSaved() {
+    m_savedTexts = textsOf(*this);
 }
 
 void ViewController::performSegue(const QString& identifier, QObject* sender) {

@@ -4,9 +4,11 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <memory>
+#include <optional>
 
 class NavigationController;
 class Storyboard;
@@ -63,6 +65,11 @@ public:
     /** Ends the editing of every text input of this screen. */
     Q_INVOKABLE void endEditing();
 
+    /** Whether the user has entered what leaving this screen, and what it holds, would lose. */
+    virtual bool hasUnsavedChanges() const;
+    /** Whether the screen below takes over what was entered on this one. */
+    virtual bool handsChangesBack() const { return false; }
+
     /** Follows the segue of this identifier in the screen's scene. A scene without it is a fatal
      * error; an unwind segue whose action no screen below has does nothing. */
     void performSegue(const QString& identifier, QObject* sender);
@@ -98,6 +105,10 @@ Q_SIGNALS:
     void presentedViewControllerChanged();
 
 protected:
+    /** From now on, what the text inputs hold counts as entered where it differs from what they
+     * hold now. */
+    void noteSaved();
+
     /** Containers set this on what they hold. As its child in Qt's sense too, a controller that a
      * view has asked for is not taken for the view's own. */
     static void setContainer(ViewController& child, ViewController* container) {
@@ -116,5 +127,6 @@ private:
     Storyboard* m_storyboard = nullptr;
     const Scene* m_scene = nullptr;
     bool m_viewLoaded = false;
+    std::optional<QStringList> m_savedTexts;
     std::unique_ptr<ViewController> m_presented;
 };

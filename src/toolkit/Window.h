@@ -18,6 +18,14 @@ public:
     /** Loads the root controller and lets it appear. */
     void makeKeyAndVisible();
 
+    /** Whether the window may close. Where that would lose what the user has entered, it asks the
+     * user, and closes when the user says so. */
+    Q_INVOKABLE bool mayClose();
+
+Q_SIGNALS:
+    void closes();
+
 private:
+    bool m_discardsChanges = false;
     std::unique_ptr<ViewController> m_root;
 };

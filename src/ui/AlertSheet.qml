@@ -14,6 +14,8 @@ T.Popup {
     property string heading
     property string message
     property list<string> actions
+    property int cancelAction: -1
+    property int destructiveAction: -1
 
     onAlertChanged: {
         if (alert === null) {
@@ -22,6 +24,8 @@ T.Popup {
         }
         heading = alert.heading;
         message = alert.message;
+        cancelAction = alert.cancelAction;
+        destructiveAction = alert.destructiveAction;
         actions = []; // so that the first of the new buttons has the focus
         actions = alert.actionTitles;
         open();
@@ -83,8 +87,8 @@ T.Popup {
         Accessible.role: Accessible.AlertMessage
         Accessible.name: root.heading
         Accessible.description: root.message
-        Keys.onEscapePressed: if (root.actions.length === 1)
-            root.alert?.choose(0)
+        Keys.onEscapePressed: if (root.cancelAction >= 0)
+            root.alert?.choose(root.cancelAction)
 
         PlainText {
             width: parent.width
@@ -103,18 +107,30 @@ T.Popup {
             horizontalAlignment: Text.AlignHCenter
         }
 
-        Repeater {
-            model: root.actions
+        // Two side by side, more below each other.
+        Grid {
+            id: buttons
 
-            TextButton {
-                required property int index
-                required property string modelData
+            readonly property int perRow: root.actions.length === 2 ? 2 : 1
 
-                width: parent?.width ?? 0
-                text: modelData
-                bold: index === 0
-                focus: index === 0
-                onClicked: root.alert?.choose(index)
+            width: parent.width
+            columns: perRow
+            columnSpacing: Theme.gap
+
+            Repeater {
+                model: root.actions
+
+                TextButton {
+                    required property int index
+                    required property string modelData
+
+                    width: (buttons.width - (buttons.perRow - 1) * Theme.gap) / buttons.perRow
+                    text: modelData
+                    tint: index === root.destructiveAction ? Theme.danger : Theme.accent
+                    bold: root.destructiveAction < 0 ? index === 0 : index === root.destructiveAction
+                    focus: index === 0
+                    onClicked: root.alert?.choose(index)
+                }
             }
         }
     }

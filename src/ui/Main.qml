@@ -34,6 +34,15 @@ T.ApplicationWindow {
     title: qsTr("Lantern")
     color: Theme.paper
     Component.onCompleted: Theme.appearance = appearance
+    onClosing: close => close.accepted = ending || (window?.mayClose() ?? true)
+
+    Connections {
+        target: root.window
+
+        function onCloses() {
+            root.close();
+        }
+    }
 
     FocusScope {
         /** For assistive technology, which else would reach under a sheet. */

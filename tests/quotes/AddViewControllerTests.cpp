@@ -102,6 +102,20 @@ TEST_F(AddQuote, SavesAllFieldsAndClearsThem) {
     EXPECT_EQ(*segues, QStringList("unwindToMainMenu"));
 }
 
+TEST_F(AddQuote, HasChangesOfTheUserAlone) {
+    load();
+    form->DateAddedTextField->beginEditing();
+    EXPECT_NE(form->DateAddedTextField->text(), "");
+    EXPECT_FALSE(form->hasUnsavedChanges());
+    form->form.doneClick();
+    EXPECT_TRUE(form->hasUnsavedChanges());
+    fill();
+    form->SaveQuote();
+    EXPECT_FALSE(form->hasUnsavedChanges());
+    form->QuoteTextView->setText(QStringLiteral("Q"));
+    EXPECT_TRUE(form->hasUnsavedChanges());
+}
+
 TEST_F(AddQuote, SavesNothingWhileAFieldIsMissing) {
     load();
     for (TextField* missing : {form->SourceTextField, form->DateAddedTextField,

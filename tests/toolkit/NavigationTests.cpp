@@ -1,4 +1,5 @@
 #include "support/TestApplication.h"
+#include "toolkit/AlertController.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/Storyboard.h"
 #include "toolkit/TabBarController.h"
@@ -26,6 +27,9 @@ class Screen : public ViewController {
     Q_OBJECT
 
 public:
+    bool isChanged = false;
+
+    bool hasUnsavedChanges() const override { return isChanged; }
     void viewDidLoad() override { note(*this, "load"); }
     void viewWillAppear() override { note(*this, "will appear"); }
     void viewDidAppear() override { note(*this, "did appear"); }
@@ -101,6 +105,34 @@ protected:
     std::unique_ptr<Window> window;
     NavigationController* navigation = nullptr;
 };
+
+TEST_F(Navigation, AsksOnceBeforeItLeavesWhatTheUserEntered) {
+    const auto answer = [this](int action) {
+        AlertController* question = presentedAlert(*navigation);
+        ASSERT_TRUE(question);
+        EXPECT_EQ(question->title(), "Discard changes?");
+        question->choose(action);
+        EXPECT_FALSE(presentedAlert(*navigation));
+    };
+    enum { Cancel, Discard };
+    follow("toA");
+    EXPECT_TRUE(window->mayClose());
+    qobject_cast<Screen*>(navigation->topViewController())->isChanged = true;
+    navigation->goBack();
+    answer(Cancel);
+    EXPECT_EQ(titles(), QStringList({"Home", "A"}));
+    follow("toB"); // whose own way back loses nothing, but the one home does
+    EXPECT_FALSE(window->mayClose());
+    EXPECT_FALSE(window->mayClose());
+    answer(Cancel);
+    follow("home");
+    answer(Cancel);
+    navigation->goBack();
+    EXPECT_EQ(titles(), QStringList({"Home", "A"}));
+    navigation->goBack();
+    answer(Discard);
+    EXPECT_EQ(titles(), QStringList("Home"));
+}
 
 TEST_F(Navigation, TellsScreensThatComeAndGoInOrder) {
     follow("toA");
