@@ -40,6 +40,7 @@ void Breakdown::viewDidLoad() {
     styleTitleSegments(*segment);
     segment->setSelectedIndex(0);
     m_screen.navigationItem()->setTitleView(segment);
+    m_screen.navigationItem()->setPrompt(group());
     installSearch(m_screen, *searchController, m_kind.searchPlaceholder,
                   [this](auto& controller) { updateSearchResultsForSearchController(controller); });
     refresh();

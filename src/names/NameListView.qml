@@ -27,6 +27,7 @@ TableListView {
             LabelView {
                 control: row.labelAt(1)
                 color: Theme.faintInk
+                font.pixelSize: Theme.secondaryFont
             }
         }
     }

@@ -3,36 +3,36 @@ import QtQuick.Layouts
 import Lantern
 
 /** The form of a new quote. */
-FormPage {
+QuoteFormPage {
     id: root
 
     required property AddViewController controller
 
     onBackgroundTapped: controller.dismissKeyboard()
 
-    NamedField {
-        control: root.controller.SourceTextField
-        listButton: root.controller.SourcesButton
-    }
-
-    NamedField {
-        control: root.controller.CategoryTextField
-        listButton: root.controller.TopicButton
-    }
-
-    NamedField {
-        control: root.controller.AuthorTextField
-        listButton: root.controller.AuthorsButton
-    }
-
-    FormField {
-        Layout.fillWidth: true
-        control: root.controller.DateAddedTextField
-    }
-
-    FormTextArea {
+    quote: FormTextArea {
         Layout.fillWidth: true
         Layout.fillHeight: true
+        Layout.minimumHeight: 160
         control: root.controller.QuoteTextView
     }
+
+    fields: [
+        NamedField {
+            control: root.controller.SourceTextField
+            listButton: root.controller.SourcesButton
+        },
+        NamedField {
+            control: root.controller.CategoryTextField
+            listButton: root.controller.TopicButton
+        },
+        NamedField {
+            control: root.controller.AuthorTextField
+            listButton: root.controller.AuthorsButton
+        },
+        FormField {
+            Layout.fillWidth: true
+            control: root.controller.DateAddedTextField
+        }
+    ]
 }

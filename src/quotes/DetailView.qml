@@ -3,72 +3,78 @@ import QtQuick.Layouts
 import Lantern
 
 /** One quote with its fields, at the size in which it is read. */
-FormPage {
+QuoteFormPage {
     id: root
 
     required property DetailViewController controller
 
     onBackgroundTapped: controller.dismissKeyboard()
 
-    NamedField {
-        control: root.controller.SourceTextField
-        listButton: root.controller.SourceButton
-    }
+    quote: [
+        FormTextArea {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Layout.minimumHeight: 160
+            control: root.controller.QuoteTextView
+            named: false
+            fontFamily: root.controller.QuoteTextView.fontFamily
+            fontSize: root.controller.QuoteTextView.fontSize
+        },
+        Flow {
+            Layout.fillWidth: true
+            spacing: 6
 
-    NamedField {
-        control: root.controller.CategoryTextField
-        listButton: root.controller.TopicButton
-    }
+            Row {
+                SymbolButton {
+                    control: root.controller.DecreaseFontSize
+                    sign: "A"
+                    signSize: 13
+                }
 
-    NamedField {
-        control: root.controller.AuthorTextField
-        listButton: root.controller.AuthorButton
-    }
+                SymbolButton {
+                    control: root.controller.IncreaseFontSize
+                    sign: "A"
+                    signSize: 22
+                }
+            }
 
-    FormField {
-        Layout.fillWidth: true
-        control: root.controller.DateAddedTextField
-    }
+            StepperView {
+                control: root.controller.FontStepper
+            }
 
-    FormTextArea {
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        Layout.minimumHeight: 180
-        control: root.controller.QuoteTextView
-        fontFamily: root.controller.QuoteTextView.fontFamily
-        fontSize: root.controller.QuoteTextView.fontSize
-    }
+            FormField {
+                width: Theme.scaled(56)
+                control: root.controller.FontSizeTextField
+                named: false
+                readOnly: true
+            }
 
-    RowLayout {
-        Layout.fillWidth: true
-        spacing: Theme.gap
-
-        SymbolButton {
-            control: root.controller.DecreaseFontSize
-            symbol: "A"
-            symbolSize: Theme.captionFont
+            PushButton {
+                font.pixelSize: Theme.secondaryFont
+                width: Math.max(implicitWidth, Math.min(Theme.scaled(160), parent.width - x))
+                leftPadding: Theme.gap
+                rightPadding: Theme.gap
+                control: root.controller.FullScreenButton
+            }
         }
+    ]
 
-        SymbolButton {
-            control: root.controller.IncreaseFontSize
-            symbol: "A"
-            symbolSize: Theme.titleFont
-        }
-
-        StepperView {
-            control: root.controller.FontStepper
-        }
-
+    fields: [
+        NamedField {
+            control: root.controller.SourceTextField
+            listButton: root.controller.SourceButton
+        },
+        NamedField {
+            control: root.controller.CategoryTextField
+            listButton: root.controller.TopicButton
+        },
+        NamedField {
+            control: root.controller.AuthorTextField
+            listButton: root.controller.AuthorButton
+        },
         FormField {
             Layout.fillWidth: true
-            control: root.controller.FontSizeTextField
-            named: false
-            readOnly: true
+            control: root.controller.DateAddedTextField
         }
-    }
-
-    PushButton {
-        Layout.fillWidth: true
-        control: root.controller.FullScreenButton
-    }
+    ]
 }

@@ -149,17 +149,17 @@ TableViewCell* MasterViewController::cellForRowAtIndexPath(int row) {
             break;
         [[fallthrough]];
     case Topic:
-        cell->TextLabel->setText(QStringLiteral("Topic: ") + category);
+        cell->TextLabel->setText(QStringLiteral("Topic: "), category);
         cell->DetailTextLabel->setText(QStringLiteral("Source: ") + source +
                                        QStringLiteral("  Author:  ") + author);
         break;
     case Author:
-        cell->TextLabel->setText(QStringLiteral("Author: ") + author);
+        cell->TextLabel->setText(QStringLiteral("Author: "), author);
         cell->DetailTextLabel->setText(QStringLiteral("Topic: ") + category +
                                        QStringLiteral(" Source: ") + source);
         break;
     case Source:
-        cell->TextLabel->setText(QStringLiteral("Source: ") + source);
+        cell->TextLabel->setText(QStringLiteral("Source: "), source);
         cell->DetailTextLabel->setText(QStringLiteral("Topic: ") + category +
                                        QStringLiteral(" Author: ") + author);
         break;

@@ -4,9 +4,16 @@ Label::Label(QObject* parent)
     : View(parent) {}
 
 void Label::setText(const QString& text) {
-    if (text == m_text)
+    setText({}, text);
+}
+
+void Label::setText(const QString& caption, const QString& value) {
+    const QString text = caption + value;
+    const int captionLength = int(caption.size());
+    if (text == m_text && captionLength == m_captionLength)
         return;
     m_text = text;
+    m_captionLength = captionLength;
     Q_EMIT textChanged();
 }
 

@@ -8,6 +8,7 @@ class Label : public View {
     QML_NAMED_ELEMENT(ToolkitLabel)
     QML_UNCREATABLE("Controllers make their controls")
     Q_PROPERTY(QString text READ text NOTIFY textChanged)
+    Q_PROPERTY(int captionLength READ captionLength NOTIFY textChanged)
     Q_PROPERTY(double fontSize READ fontSize NOTIFY lookChanged)
     Q_PROPERTY(bool bold READ isBold NOTIFY lookChanged)
     Q_PROPERTY(bool centered READ isCentered NOTIFY lookChanged)
@@ -18,6 +19,10 @@ public:
 
     QString text() const { return m_text; }
     void setText(const QString& text);
+    /** A value that its caption stands before. */
+    void setText(const QString& caption, const QString& value);
+    /** How much of the text is its caption. */
+    int captionLength() const { return m_captionLength; }
     double fontSize() const { return m_fontSize; } ///< points
     bool isBold() const { return m_bold; }
     void setBoldSystemFont(double size);
@@ -33,6 +38,7 @@ private:
     QString textColorName() const { return m_textColor.name(); }
 
     QString m_text;
+    int m_captionLength = 0;
     double m_fontSize = 17;
     bool m_bold = false;
     bool m_centered = false;

@@ -5,6 +5,11 @@ void NavigationItem::setTitle(const QString& title) {
     Q_EMIT changed();
 }
 
+void NavigationItem::setPrompt(const QString& prompt) {
+    m_prompt = prompt;
+    Q_EMIT changed();
+}
+
 void NavigationItem::setTitleView(View* view) {
     m_titleView = view;
     Q_EMIT changed();

@@ -11,6 +11,7 @@ class NavigationItem : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("Controllers make their navigation items")
     Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString prompt READ prompt NOTIFY changed)
     Q_PROPERTY(View* titleView READ titleView NOTIFY changed)
     Q_PROPERTY(QList<QObject*> rightBarButtonItems READ rightBarButtonItems NOTIFY changed)
     Q_PROPERTY(BarButtonItem* backBarButtonItem READ backBarButtonItem NOTIFY changed)
@@ -20,6 +21,9 @@ public:
 
     QString title() const { return m_title; }
     void setTitle(const QString& title);
+    /** What the screen is about, below a title view; empty where the title says it. */
+    QString prompt() const { return m_prompt; }
+    void setPrompt(const QString& prompt);
     /** Stands in the place of the title; null where there is none. */
     View* titleView() const { return m_titleView; }
     void setTitleView(View* view);
@@ -36,6 +40,7 @@ Q_SIGNALS:
 
 private:
     QString m_title;
+    QString m_prompt;
     View* m_titleView = nullptr;
     QList<QObject*> m_rightBarButtonItems;
     BarButtonItem* m_backBarButtonItem = nullptr;

@@ -136,6 +136,21 @@ double TableView::heightForRow(int row) const {
     return m_controller.heightForRowAtIndexPath(row);
 }
 
+bool TableView::rowsLeadOn() const {
+    return !m_controller.rowSegue.isEmpty();
+}
+
+QStringList TableView::emptySteps() const {
+    QStringList titles;
+    for (const EmptyState::Step& step : m_emptyState.steps)
+        titles.append(step.title);
+    return titles;
+}
+
+void TableView::takeEmptyStep(int step) {
+    m_emptyState.steps.at(std::size_t(step)).handler();
+}
+
 void TableView::selectRow(int row) {
     m_selectedRow = row;
     Q_EMIT selectedRowChanged();

@@ -47,6 +47,18 @@ struct ContextualAction {
     std::function<void()> handler;
 };
 
+/** What a table without rows says, and what it offers to do about it. */
+struct EmptyState {
+    struct Step {
+        QString title;
+        std::function<void()> handler;
+    };
+
+    QString heading;
+    QString sentence;
+    std::vector<Step> steps = {};
+};
+
 /** What fills a table, and is told of what happens in it: a table has no rows of its own. */
 class TableViewDelegate {
 public:
@@ -79,6 +91,11 @@ class TableView : public QAbstractListModel {
     Q_PROPERTY(
         SearchController* searchController READ searchController NOTIFY searchControllerChanged)
     Q_PROPERTY(Label* header READ header NOTIFY headerChanged)
+    /** Whether the choice of a row opens another screen. */
+    Q_PROPERTY(bool rowsLeadOn READ rowsLeadOn CONSTANT)
+    Q_PROPERTY(QString emptyHeading READ emptyHeading CONSTANT)
+    Q_PROPERTY(QString emptySentence READ emptySentence CONSTANT)
+    Q_PROPERTY(QStringList emptySteps READ emptySteps CONSTANT)
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selectedRowChanged)
 
 public:
@@ -113,6 +130,15 @@ public:
     /** Points; negative where the row is as high as its content. */
     Q_INVOKABLE double heightForRow(int row) const;
 
+    bool rowsLeadOn() const;
+
+    /** What shows in the place of the rows where there are none, before the table shows. */
+    void setEmptyState(EmptyState state) { m_emptyState = std::move(state); }
+    QString emptyHeading() const { return m_emptyState.heading; }
+    QString emptySentence() const { return m_emptyState.sentence; }
+    QStringList emptySteps() const;
+    Q_INVOKABLE void takeEmptyStep(int step);
+
     int selectedRow() const { return m_selectedRow; } ///< -1 when none is
     /** What a tap on a row does. */
     Q_INVOKABLE void selectRow(int row);
@@ -138,6 +164,7 @@ private:
     TableViewController& m_controller;
     SearchController* m_searchController = nullptr;
     std::unique_ptr<Label> m_header;
+    EmptyState m_emptyState;
     std::vector<TableViewCell*> m_unused;
     int m_rowCount = 0;
     int m_selectedRow = -1;

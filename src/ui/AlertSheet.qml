@@ -35,7 +35,6 @@ T.Popup {
     anchors.centerIn: parent
     width: Math.min(340, (parent?.width ?? 340) - 2 * Theme.margin)
     padding: Theme.margin
-    bottomPadding: Theme.gap
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     modal: true
     focus: true
@@ -103,6 +102,7 @@ T.Popup {
             bottomPadding: Theme.gap
             visible: text !== ""
             text: root.message
+            color: Theme.faintInk
             font.pixelSize: Theme.secondaryFont
             horizontalAlignment: Text.AlignHCenter
         }
@@ -120,14 +120,14 @@ T.Popup {
             Repeater {
                 model: root.actions
 
-                TextButton {
+                PlainButton {
                     required property int index
                     required property string modelData
 
                     width: (buttons.width - (buttons.perRow - 1) * Theme.gap) / buttons.perRow
                     text: modelData
-                    tint: index === root.destructiveAction ? Theme.danger : Theme.accent
-                    bold: root.destructiveAction < 0 ? index === 0 : index === root.destructiveAction
+                    filled: root.actions.length === 1
+                    destructive: index === root.destructiveAction
                     focus: index === 0
                     onClicked: root.alert?.choose(index)
                 }

@@ -8,6 +8,7 @@ FocusScope {
     required property ToolkitDatePicker picker
 
     property bool alwaysUnfolded: false
+    property real room: Infinity
     property bool unfolded: alwaysUnfolded
 
     onUnfoldedChanged: if (unfolded && activeFocus)
@@ -56,6 +57,7 @@ FocusScope {
             visible: root.unfolded
             focus: root.alwaysUnfolded
             picker: root.picker
+            room: root.room
         }
     }
 }

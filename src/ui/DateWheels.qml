@@ -65,7 +65,7 @@ FocusScope {
                 readonly property int kind: root.kindAt(index)
 
                 Layout.fillWidth: kind === 1
-                Layout.preferredWidth: Theme.scaled([72, 120, 96][kind])
+                Layout.preferredWidth: Theme.scaled([56, 120, 76][kind])
                 focus: kind === 0
                 name: root.names[kind]
                 model: [31, 12, 9999][kind]

@@ -13,6 +13,7 @@ QtObject {
     property real sheetHeight: 0
     /** How much of it the offer to undo covers. */
     property real undoHeight: 0
+    property bool sheetOpen: false
 
     /** The user turns the input view by so many steps, from the field. */
     signal turned(steps: int)

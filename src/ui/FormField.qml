@@ -64,7 +64,7 @@ FocusScope {
         Keys.onUpPressed: Editing.turned(-1)
         Keys.onDownPressed: Editing.turned(1)
         Keys.onTabPressed: event => {
-            event.accepted = Editing.sheetHeight > 0;
+            event.accepted = Editing.sheetOpen;
             if (event.accepted)
                 Editing.entered();
         }

@@ -9,6 +9,7 @@ FocusScope {
 
     default property alias content: column.data
     property alias spacing: column.spacing
+    property real widest: Theme.readableWidth
 
     readonly property Item focusedItem: Window.activeFocusItem
 
@@ -82,7 +83,7 @@ FocusScope {
 
             x: (page.width - width) / 2
             y: Theme.margin
-            width: Math.min(page.width - 2 * Theme.margin, Theme.readableWidth)
+            width: Math.min(page.width - 2 * Theme.margin, root.widest)
             height: Math.max(implicitHeight, page.height - 2 * Theme.margin)
             spacing: Theme.gap
         }

@@ -13,6 +13,7 @@ FocusScope {
     property string fontFamily
     property real fontSize: 17
     property bool bare: false
+    property bool named: !bare
     property real margin: 12
 
     /** The text as a text area can hold it: it ends all its paragraphs alike. */
@@ -61,8 +62,8 @@ FocusScope {
         id: name
 
         width: parent.width
-        height: root.bare ? 0 : implicitHeight
-        visible: !root.bare
+        height: root.named ? implicitHeight : 0
+        visible: root.named
         text: root.control.accessibilityLabel
         color: Theme.faintInk
         font.pixelSize: Theme.captionFont
@@ -80,7 +81,7 @@ FocusScope {
         id: page
 
         anchors.top: name.bottom
-        anchors.topMargin: root.bare ? 0 : 4
+        anchors.topMargin: root.named ? 4 : 0
         anchors.bottom: parent.bottom
         width: parent.width
         boundsBehavior: Flickable.StopAtBounds

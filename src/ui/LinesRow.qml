@@ -3,8 +3,9 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Lantern
 
-/** A row of the labels of its cell, one below the other. Where the row has a height of its own, each
- * is cut off where it is too long. */
+/** A row of the labels of its cell, one below the other: what it is about in bold where more is
+ * said of it, then less and less loud. Where the row has a height of its own, each is cut off where
+ * it is too long. */
 TableRow {
     id: root
 
@@ -24,16 +25,21 @@ TableRow {
             Repeater {
                 model: root.lineCount
 
-                LabelView {
+                LabelLine {
                     required property int index
 
+                    readonly property bool last: index > 0 && index === root.lineCount - 1
+
                     width: parent?.width ?? 0
-                    // A blank first line keeps its place.
-                    visible: index === 0 || text !== ""
                     control: root.labelAt(index)
-                    color: index === 0 ? Theme.ink : Theme.faintInk
-                    elide: root.fixedHeight < 0 ? Text.ElideNone : Text.ElideRight
-                    wrapMode: root.fixedHeight < 0 ? Text.Wrap : Text.NoWrap
+                    // A blank first line keeps its place.
+                    visible: index === 0 || value.text !== ""
+                    value.color: last ? Theme.faintInk : Theme.ink
+                    value.font.bold: index === 0 && root.lineCount > 1
+                    value.font.pixelSize: index === 0 ? Theme.bodyFont
+                                        : last ? Theme.captionFont : Theme.secondaryFont
+                    value.elide: root.fixedHeight < 0 ? Text.ElideNone : Text.ElideRight
+                    value.wrapMode: root.fixedHeight < 0 ? Text.Wrap : Text.NoWrap
                 }
             }
         }

@@ -14,6 +14,13 @@ FocusScope {
     property int year: picker.year
     property int month: picker.month
 
+    /** How high the calendar may be. A month has its weeks alone where that is little. */
+    property real room: Infinity
+
+    readonly property real headHeight: Theme.controlHeight + Theme.scaled(20)
+    readonly property int weeks: headHeight + 6 * Theme.touchTarget <= room ? 6
+                                 : Math.ceil((firstCell + dayCount) / 7)
+    readonly property real dayHeight: Math.max(28, Math.min(Theme.touchTarget, (room - headHeight) / weeks))
     readonly property int firstCell: (picker.weekday(year, month, 1) - picker.firstWeekday + 7) % 7
     readonly property int dayCount: picker.daysInMonth(year, month)
 
@@ -67,13 +74,13 @@ FocusScope {
             spacing: 0
 
             StepButton {
-                text: "\u00ab"
+                symbol: "double.left"
                 name: qsTr("Previous year")
                 onClicked: root.step(-12)
             }
 
             StepButton {
-                text: "\u2039"
+                symbol: "chevron.left"
                 name: qsTr("Previous month")
                 onClicked: root.step(-1)
             }
@@ -90,13 +97,13 @@ FocusScope {
             }
 
             StepButton {
-                text: "\u203a"
+                symbol: "chevron.right"
                 name: qsTr("Next month")
                 onClicked: root.step(1)
             }
 
             StepButton {
-                text: "\u00bb"
+                symbol: "double.right"
                 name: qsTr("Next year")
                 onClicked: root.step(12)
             }
@@ -153,7 +160,8 @@ FocusScope {
 
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
-                    Layout.preferredHeight: Theme.touchTarget
+                    Layout.preferredHeight: root.dayHeight
+                    visible: index < 7 * root.weeks
                     shown: day >= 1 && day <= root.dayCount
                     text: root.picker.number(day)
                     chosen: root.year === root.picker.year && root.month === root.picker.month

@@ -6,6 +6,7 @@
 #include "names/RecordLists.h"
 #include "names/TopicTableTableViewController.h"
 #include "toolkit/Storyboard.h"
+#include "ui/EmptyStates.h"
 
 namespace {
 
@@ -15,6 +16,8 @@ auto wireNameList(const QString& breakdown, const QString& records) {
     return [=](ViewController& controller) {
         auto& list = *qobject_cast<List*>(&controller);
         list.rowSegue = breakdown;
+        list.tableView()->setEmptyState(
+            noQuotes(list, QStringLiteral("The names in your quotes stand here.")));
         NavigationItem* item = list.navigationItem();
         item->addRightBarButtonItem(list.list.SortButton);
         item->addRightBarButtonItem(QStringLiteral("Names"),
@@ -37,10 +40,12 @@ void wireBreakdown(ViewController& controller) {
 /** Wires a list of name records to the forms that add one and edit one. */
 auto wireRecordList(const QString& addForm, const QString& editForm) {
     return [=](ViewController& controller) {
-        qobject_cast<TableViewController*>(&controller)->rowSegue = editForm;
+        auto& screen = *qobject_cast<TableViewController*>(&controller);
+        screen.rowSegue = editForm;
         controller.navigationItem()->addRightBarButtonItem(
             QStringLiteral("Add"),
             [&controller, addForm] { controller.performSegue(addForm, &controller); });
+        screen.tableView()->setEmptyState(noNames(screen, addForm));
     };
 }
 

@@ -19,7 +19,8 @@ RowLayout {
 
     PushButton {
         Layout.alignment: Qt.AlignBottom
-        Layout.preferredWidth: 104
+        Layout.preferredWidth: Theme.scaled(104)
+        font.pixelSize: Theme.secondaryFont
         leftPadding: Theme.gap
         rightPadding: Theme.gap
         control: root.listButton

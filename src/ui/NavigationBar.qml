@@ -12,17 +12,60 @@ Item {
 
     readonly property NavigationItem navigationItem: controller.topViewController.navigationItem
     readonly property ToolkitSegmentedControl segments: navigationItem.titleView as ToolkitSegmentedControl
+    readonly property var items: navigationItem.rightBarButtonItems
+    /** The symbols of the words that have one. Saving is always said. */
+    readonly property var symbols: ({
+        [qsTr("Sort")]: "arrow.up.arrow.down",
+        [qsTr("Share")]: "share",
+        [qsTr("Print")]: "printer",
+        [qsTr("Add")]: "plus",
+        [qsTr("Names")]: "list"
+    })
+
+    readonly property real lineHeight: Window.height < 500 ? Math.max(44, Theme.scaled(40)) : Theme.barHeight
     readonly property real leftWidth: (back.visible ? back.width : 0) + Theme.gap
     readonly property real rightWidth: buttons.width + Theme.gap
     readonly property real sideWidth: Math.max(leftWidth, rightWidth)
+    readonly property real middleWidth: segments !== null ? titleViewWidth : titleWidth.width + Theme.gap
     readonly property real titleViewWidth: titleViews.count > 0 ? titleViews.itemAt(0).implicitWidth : 0
-    readonly property bool stacked: segments !== null && titleViewWidth > width - 2 * sideWidth
 
-    implicitHeight: Theme.barHeight + (stacked ? Theme.touchTarget + 4 : 0)
+    /** How wide the buttons are, in words or in symbols where there are any. */
+    readonly property real wordsWidth: items.reduce((width, item) => width + widthOf(item, true), 0)
+    readonly property real symbolsWidth: items.reduce((width, item) => width + widthOf(item, false), 0)
+    readonly property real room: width - leftWidth - middleWidth - Theme.gap
+    readonly property bool worded: wordsWidth <= room || (segments !== null && symbolsWidth > room)
+    readonly property bool stacked: segments !== null && symbolsWidth > room
+    readonly property string prompt: navigationItem.prompt
+
+    function symbolOf(item: BarButtonItem, inWords: bool): string {
+        return item.image !== "" ? item.image : inWords ? "" : symbols[item.title] ?? "";
+    }
+
+    function widthOf(item: BarButtonItem, inWords: bool): real {
+        return symbolOf(item, inWords) !== "" ? Theme.touchTarget
+             : Math.max(Theme.touchTarget, words.advanceWidth(item.title) + 2 * Theme.gap);
+    }
+
+    implicitHeight: lineHeight + (stacked ? Theme.touchTarget + 4 : 0)
+                    + (prompt !== "" ? promptLine.height : 0)
     height: controller.navigationBarHidden ? 0 : implicitHeight
     enabled: !controller.navigationBarHidden
     visible: height > 0
     clip: true
+
+    FontMetrics {
+        id: words
+
+        font.pixelSize: Theme.bodyFont
+        font.bold: true
+    }
+
+    TextMetrics {
+        id: titleWidth
+
+        font: words.font
+        text: root.navigationItem.title
+    }
 
     Behavior on height {
         NumberAnimation {
@@ -49,26 +92,27 @@ Item {
         readonly property BarButtonItem own: root.navigationItem.backBarButtonItem
 
         x: 4
-        y: (Theme.barHeight - height) / 2
+        y: (root.lineHeight - height) / 2
         visible: root.controller.depth > 1 || own !== null
         text: root.controller.depth > 1 || own === null ? qsTr("Back") : own.title
+        worded: root.width >= 360 * Theme.textScale
         onClicked: root.controller.goBack()
     }
 
     // What a screen reader tells, even where the title finds no room.
     Item {
         width: root.width
-        height: Theme.barHeight
-        visible: root.navigationItem.titleView === null
+        height: root.lineHeight
+        visible: root.navigationItem.titleView === null || root.prompt !== ""
         Accessible.role: Accessible.Heading
-        Accessible.name: root.navigationItem.title
+        Accessible.name: root.navigationItem.title || root.prompt
 
         PlainText {
             readonly property bool centered: implicitWidth <= root.width - 2 * root.sideWidth
 
             x: centered ? root.sideWidth : root.leftWidth
             width: root.width - (centered ? 2 * root.sideWidth : root.leftWidth + root.rightWidth)
-            height: Theme.barHeight
+            height: root.lineHeight
             // A title of which no letter fits is better not begun.
             visible: width >= implicitWidth || width >= Theme.touchTarget
             text: root.navigationItem.title
@@ -90,7 +134,7 @@ Item {
             required property QtObject modelData
 
             x: (root.width - width) / 2
-            y: root.stacked ? Theme.barHeight - 4 : (Theme.barHeight - height) / 2
+            y: root.stacked ? root.lineHeight - 4 : (root.lineHeight - height) / 2
             width: Math.min(root.stacked ? root.width - 2 * Theme.margin
                                          : root.width - 2 * root.sideWidth, 360)
             control: modelData as ToolkitSegmentedControl
@@ -102,7 +146,7 @@ Item {
 
         anchors.right: parent.right
         anchors.rightMargin: 4
-        y: (Theme.barHeight - height) / 2
+        y: (root.lineHeight - height) / 2
 
         ObjectRepeater {
             objects: root.navigationItem.rightBarButtonItems
@@ -113,9 +157,26 @@ Item {
 
                 enabled: item.enabled
                 text: item.title
-                symbol: item.image
+                bold: text === qsTr("Save")
+                symbol: root.symbolOf(item, root.worded)
                 onClicked: item.press()
             }
         }
+    }
+
+    PlainText {
+        id: promptLine
+
+        anchors.bottom: parent.bottom
+        x: Theme.margin
+        width: parent.width - 2 * x
+        bottomPadding: Theme.gap
+        visible: text !== ""
+        text: root.prompt
+        font.bold: true
+        elide: Text.ElideRight
+        wrapMode: Text.NoWrap
+        horizontalAlignment: Text.AlignHCenter
+        Accessible.ignored: true
     }
 }

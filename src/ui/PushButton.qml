@@ -8,6 +8,9 @@ T.Button {
 
     required property ToolkitButton control
 
+    /** A symbol before the title, which begins after it. */
+    property string symbol: ""
+
     /** A button that has no border is filled instead. */
     readonly property bool filled: control.borderWidth === 0
 
@@ -36,7 +39,8 @@ T.Button {
 
         function onHiddenChanged() {
             fade.stop();
-            fade.duration = root.control.hidingDuration * 1000;
+            fade.duration = Math.min(root.control.hidingDuration * 1000,
+                                     Theme.reducedMotion ? 100 : Infinity);
             fade.to = root.control.hidden ? 0 : 1;
             fade.start();
         }
@@ -50,11 +54,23 @@ T.Button {
         easing.type: Easing.InOutQuad
     }
 
+    Symbol {
+        anchors.verticalCenter: parent.verticalCenter
+        x: Theme.margin
+        visible: root.symbol !== ""
+        name: root.symbol
+    }
+
+    font.pixelSize: Theme.bodyFont
+
     contentItem: PlainText {
+        font.pixelSize: root.font.pixelSize
+        leftPadding: root.symbol === "" ? 0 : 24 * Math.min(Theme.textScale, 1.5) + Theme.margin
         text: root.text
         color: !root.control.enabled ? Theme.textOf(root.control.disabledTitleColor)
                                      : root.filled ? Theme.accentInk : Theme.ink
-        horizontalAlignment: Text.AlignHCenter
+        font.bold: root.filled
+        horizontalAlignment: root.symbol === "" ? Text.AlignHCenter : Text.AlignLeft
         verticalAlignment: Text.AlignVCenter
     }
 

@@ -14,6 +14,7 @@
 #include "settings/DefaultsViewController.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/TabBarController.h"
+#include "ui/EmptyStates.h"
 #include "ui/NameScenes.h"
 
 namespace {
@@ -67,6 +68,11 @@ void wireQuoteList(MasterViewController& list) {
     item->addRightBarButtonItem(QStringLiteral("Sort"), [&list] { list.SortButtonTapped(); });
     item->addRightBarButtonItem(QStringLiteral("Add"),
                                 [&list] { list.performSegue(QStringLiteral("AddQuote"), &list); });
+    EmptyState empty = noQuotes(list, QStringLiteral("What you add or import stands here."));
+    empty.steps.front().handler = [&list] {
+        list.performSegue(QStringLiteral("AddQuote"), &list); // which comes back here
+    };
+    list.tableView()->setEmptyState(std::move(empty));
 }
 
 void wireAddQuote(AddViewController& form) {
@@ -96,6 +102,8 @@ void wireFullScreen(QuoteFullScreenViewController& reader) {
 
 void wireQuotesByTopic(NewViewTableViewController& list) {
     list.rowSegue = QStringLiteral("DetailViewController");
+    list.tableView()->setEmptyState(
+        noQuotes(list, QStringLiteral("What you add or import stands here.")));
 }
 
 std::unique_ptr<ViewController> makeTabs(Storyboard& storyboard) {

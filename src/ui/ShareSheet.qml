@@ -24,10 +24,30 @@ BottomSheet {
 
     width: Math.min(parent?.width ?? 0, 480)
     padding: Theme.margin
+    topPadding: Theme.gap
     height: contentItem.implicitHeight + topPadding + bottomPadding
 
     contentItem: Column {
-        spacing: Theme.gap
+        Item {
+            width: parent.width
+            height: Theme.controlHeight
+
+            PlainText {
+                anchors.verticalCenter: parent.verticalCenter
+                text: qsTr("Share")
+                font.bold: true
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+
+            TextButton {
+                anchors.right: parent.right
+                anchors.rightMargin: -Theme.gap
+                text: qsTr("Cancel")
+                focus: root.titles.length === 0
+                onClicked: root.close()
+            }
+        }
 
         Repeater {
             model: root.titles
@@ -41,14 +61,6 @@ BottomSheet {
                 focus: index === 0
                 onClicked: root.activity?.choose(index)
             }
-        }
-
-        SheetButton {
-            width: parent.width
-            text: qsTr("Cancel")
-            bold: true
-            focus: root.titles.length === 0
-            onClicked: root.close()
         }
     }
 }

@@ -5,7 +5,7 @@ import Lantern
 TextButton {
     property string name
 
-    font.pixelSize: 26
+    text: name
     objectName: name
     Accessible.name: name
 }

@@ -32,6 +32,15 @@ T.Switch {
         }
     }
 
+    background: Item {
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: 1
+            color: Theme.line
+        }
+    }
+
     contentItem: PlainText {
         text: root.text
         rightPadding: root.indicator.width + Theme.gap

@@ -1,24 +1,20 @@
 import QtQuick
 import Lantern
 
-/** A small button that shows a sign; it is spoken by its control's name. */
-PushButton {
+/** A small button that shows a sign alone; it is spoken by its control's name. */
+TextButton {
     id: root
 
-    required property string symbol
-    property int symbolSize: Theme.bodyFont
+    required property ToolkitButton control
+    required property string sign
+    property int signSize: 17
 
-    leftPadding: Theme.gap
-    rightPadding: Theme.gap
-    implicitHeight: Theme.touchTarget
+    visible: !control.hidden
+    enabled: control.enabled
+    bold: true
+    text: sign
+    font.pixelSize: Theme.scaled(signSize)
     objectName: control.accessibilityLabel
     Accessible.name: control.accessibilityLabel
-
-    contentItem: PlainText {
-        text: root.symbol
-        color: root.filled ? Theme.accentInk : Theme.ink
-        font.pixelSize: root.symbolSize
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
-    }
+    onClicked: control.press()
 }

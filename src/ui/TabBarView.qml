@@ -11,6 +11,12 @@ FocusScope {
 
     required property TabBarController controller
 
+    readonly property var symbols: ({
+        [qsTr("Authors")]: "person",
+        [qsTr("Sources")]: "book",
+        [qsTr("Topics")]: "bookmark"
+    })
+
     StackLayout {
         anchors.top: parent.top
         anchors.bottom: bar.top
@@ -34,7 +40,7 @@ FocusScope {
 
         anchors.bottom: parent.bottom
         width: parent.width
-        height: Theme.barHeight
+        height: Math.max(58, 24 * Math.min(Theme.textScale, 1.5) + Theme.scaled(18) + 14)
         color: Theme.paper
         Accessible.role: Accessible.PageTabList
         Accessible.name: qsTr("Tabs")
@@ -74,14 +80,27 @@ FocusScope {
                     Keys.onReturnPressed: tab.clicked()
                     Keys.onEnterPressed: tab.clicked()
 
+                    Symbol {
+                        anchors.horizontalCenter: parent.horizontalCenter
+                        y: 7
+                        name: root.symbols[tab.text] ?? ""
+                        tint: tab.chosen ? Theme.accent : Theme.faintInk
+                    }
+
+                    background: Rectangle {
+                        color: tab.down ? Theme.pressed : "transparent"
+                    }
+
+                    bottomPadding: 6
                     contentItem: PlainText {
                         text: tab.text
                         color: tab.chosen ? Theme.accent : Theme.faintInk
                         font.bold: tab.chosen
+                        font.pixelSize: Theme.captionFont
                         elide: Text.ElideRight
                         wrapMode: Text.NoWrap
                         horizontalAlignment: Text.AlignHCenter
-                        verticalAlignment: Text.AlignVCenter
+                        verticalAlignment: Text.AlignBottom
                     }
 
                     FocusRing {

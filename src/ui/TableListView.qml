@@ -122,6 +122,17 @@ FocusScope {
         }
     }
 
+    EmptyPlace {
+        id: emptyPlace
+
+        anchors.top: head.bottom
+        anchors.bottom: parent.bottom
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(parent.width - 2 * Theme.margin, 360)
+        visible: list.count === 0 && (root.table.emptyHeading !== "" || searching)
+        table: root.table
+    }
+
     ListView {
         id: list
 

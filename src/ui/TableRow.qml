@@ -21,7 +21,7 @@ T.ItemDelegate {
     readonly property bool open: owner.openRow === root
     /** How far the row moves aside from its actions, in points. */
     readonly property real reach: actions.length * actionWidth
-    readonly property real actionWidth: 88
+    readonly property real actionWidth: 96
     /** Where the row stands: from 0 to the left by its reach. */
     property real slide: drag.active ? drag.place : open ? -reach : 0
 
@@ -46,16 +46,17 @@ T.ItemDelegate {
     // Anchored, since newer list views write the x of their rows.
     anchors.horizontalCenter: parent?.horizontalCenter
     width: Math.min(owner.width - 2 * Theme.margin, Theme.readableWidth)
-    height: fixedHeight >= 0 ? fixedHeight
-                             : Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
+    height: fixedHeight >= 0 && Theme.textScale <= 1 ? fixedHeight
+          : Math.max(fixedHeight, fixedHeight >= 0 ? 0 : Theme.touchTarget,
+                     implicitContentHeight + topPadding + bottomPadding)
     leftPadding: Theme.margin + slide
-    rightPadding: Theme.margin - slide
+    rightPadding: (chevron.visible ? chevron.width + 2 : 0) + Theme.margin - slide
     topPadding: Theme.gap
     bottomPadding: Theme.gap
     leftInset: slide
     rightInset: -slide
-    topInset: 2
-    bottomInset: 2
+    topInset: 3
+    bottomInset: 3
     focusPolicy: Qt.NoFocus
     text: labelAt(0)?.text ?? ""
     objectName: text
@@ -163,6 +164,17 @@ T.ItemDelegate {
         }
     }
 
+    Symbol {
+        id: chevron
+
+        anchors.verticalCenter: parent.verticalCenter
+        x: root.width - width - 10 + root.slide
+        visible: root.owner.table.rowsLeadOn
+        name: "chevron.right"
+        size: 18
+        tint: Theme.faintInk
+    }
+
     Item {
         anchors.right: parent.right
         y: root.topInset
@@ -184,8 +196,8 @@ T.ItemDelegate {
                     required property int index
                     required property string modelData
 
-                    x: index * (root?.actionWidth ?? 0) + 4
-                    width: (root?.actionWidth ?? 4) - 4
+                    x: index * (root?.actionWidth ?? 0) + 6
+                    width: (root?.actionWidth ?? 6) - 6
                     height: parent?.height ?? 0
                     focusPolicy: Qt.NoFocus
                     text: modelData
@@ -199,6 +211,11 @@ T.ItemDelegate {
                         text: parent?.text ?? ""
                         color: Theme.accentInk
                         elide: Text.ElideRight
+                        font.bold: true
+                        fontSizeMode: Text.HorizontalFit
+                        minimumPixelSize: 13
+                        leftPadding: 4
+                        rightPadding: 4
                         wrapMode: Text.NoWrap
                         horizontalAlignment: Text.AlignHCenter
                         verticalAlignment: Text.AlignVCenter

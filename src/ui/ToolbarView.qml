@@ -14,6 +14,16 @@ Rectangle {
     color: Qt.tint(Theme.surface, Qt.alpha(Theme.drawn(control.tintColor),
                                            Theme.highContrast && !Theme.dark ? 1 : 0.4))
 
+    radius: Theme.sheetRadius
+
+    // Round above alone.
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: parent.radius
+        color: parent.color
+    }
+
     RowLayout {
         anchors.fill: parent
         anchors.leftMargin: Theme.gap

@@ -196,9 +196,11 @@ TEST_F(ReadingViews, SmallestWindowShowsTheFieldAboveRoomyDays) {
 }
 
 TEST_F(ReadingViews, SmallestWindowTellsTheHeadingThatItHasNoRoomFor) {
+    program.appearance().textScale = 1.8;
+    Q_EMIT program.appearance().changed();
     pilot->resize({320, 480});
     const QString title = openDetail().title();
-    EXPECT_GT(pilot->placeOf(title).top(), 52); // below the navigation bar
+    EXPECT_TRUE(pilot->placeOf(title).isEmpty());
     QStringList headings;
     std::function<void(QAccessibleInterface*)> read = [&](QAccessibleInterface* item) {
         if (item->role() == QAccessible::Heading && !item->state().invisible)

@@ -260,7 +260,7 @@ private:
         m_pilot.tap(QStringLiteral("Save"));
         m_pilot.tap(QStringLiteral("Back"));
         open("Quotes by Topic");
-        shoot("quotes-by-topic-list", "art    ");
+        shoot("quotes-by-topic-list", "Quotes by Topic");
         m_pilot.tap(QStringLiteral("Back"));
     }
 

@@ -1,0 +1,29 @@
+#include "EmptyStates.h"
+
+#include "toolkit/NavigationController.h"
+#include "toolkit/Storyboard.h"
+
+namespace {
+
+EmptyState::Step opening(const QString& title, TableViewController& list, const QString& scene) {
+    return {title, [&list, scene] {
+                list.navigationController()->pushViewController(
+                    list.storyboard()->instantiate(scene));
+            }};
+}
+
+} // namespace
+
+EmptyState noQuotes(TableViewController& list, const QString& what) {
+    return {QStringLiteral("No quotes yet"),
+            what,
+            {opening(QStringLiteral("Add New Quote"), list, QStringLiteral("AddQuote")),
+             opening(QStringLiteral("Import"), list, QStringLiteral("ImportViewController"))}};
+}
+
+EmptyState noNames(TableViewController& list, const QString& addForm) {
+    return {
+        QStringLiteral("No names yet"),
+        QStringLiteral("Names that you add stand here, and in the pickers of the forms."),
+        {{QStringLiteral("Add a name"), [&list, addForm] { list.performSegue(addForm, &list); }}}};
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import QtQuick.Layouts
+import Lantern
+
+/** A form of a quote: its text first, with what belongs to it, then its fields; in a low and wide
+ * window they stand beside it. */
+FormPage {
+    id: root
+
+    property alias quote: quoteColumn.data
+    property alias fields: fieldColumn.data
+
+    readonly property bool low: Window.height < 500 && width >= 600
+
+    widest: low ? 1000 : Theme.formWidth
+
+    GridLayout {
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+        columns: root.low ? 2 : 1
+        columnSpacing: Theme.margin
+        rowSpacing: Theme.gap
+
+        ColumnLayout {
+            id: quoteColumn
+
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Layout.preferredWidth: 54
+            spacing: Theme.gap
+        }
+
+        GridLayout {
+            id: fieldColumn
+
+            Layout.fillWidth: true
+            Layout.alignment: Qt.AlignTop
+            Layout.preferredWidth: 46
+            columns: !root.low && parent.width >= 660 ? 2 : 1
+            columnSpacing: 24
+            rowSpacing: Theme.gap
+        }
+    }
+}
