@@ -17,6 +17,8 @@ T.Popup {
     property int cancelAction: -1
     property int destructiveAction: -1
 
+    readonly property int perRow: actions.length === 2 ? 2 : 1
+
     onAlertChanged: {
         if (alert === null) {
             close();
@@ -109,13 +111,9 @@ T.Popup {
 
         // Two side by side, more below each other.
         Grid {
-            id: buttons
-
-            readonly property int perRow: root.actions.length === 2 ? 2 : 1
-
             width: parent.width
-            columns: perRow
-            columnSpacing: Theme.gap
+            columns: root.perRow
+            spacing: Theme.gap
 
             Repeater {
                 model: root.actions
@@ -124,7 +122,7 @@ T.Popup {
                     required property int index
                     required property string modelData
 
-                    width: (buttons.width - (buttons.perRow - 1) * Theme.gap) / buttons.perRow
+                    width: ((parent?.width ?? 0) - (root.perRow - 1) * Theme.gap) / root.perRow
                     text: modelData
                     filled: root.actions.length === 1
                     destructive: index === root.destructiveAction
