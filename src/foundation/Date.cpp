@@ -220,7 +220,8 @@ QString formatNumber(int number, const Environment& environment) {
 
 QString orderOfDate(const Environment& environment) {
     QString order;
-    for (const QChar letter : patternOfParts(QStringLiteral("yMMMMd"), environment.locale)) {
+    const QString pattern = patternOfParts(QStringLiteral("yMMMMd"), environment.locale);
+    for (const QChar letter : pattern) {
         const QChar part = letter == u'L' ? QChar(u'M') : letter;
         if (QStringLiteral("yMd").contains(part) && !order.contains(part))
             order += part;
