@@ -80,7 +80,9 @@ FocusScope {
         interactive: contentHeight > height
         clip: true
 
-        T.ScrollBar.vertical: PageScrollBar {}
+        T.ScrollBar.vertical: PageScrollBar {
+            visible: root.unfolded && size < 1
+        }
 
         Item {
             id: options

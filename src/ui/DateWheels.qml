@@ -76,6 +76,8 @@ FocusScope {
                         || index < root.picker.daysInMonth(root.picker.year, root.picker.month)
 
                     owner: wheel
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: 13
                     text: wheel.kind === 1 ? root.picker.monthNames[index]
                                            : root.picker.number(index + 1)
                     color: !exists ? Theme.line : chosen ? Theme.ink : Theme.faintInk

@@ -24,6 +24,8 @@ T.ApplicationWindow {
     /** What there is to say of saves that are not on disk. */
     property alias notOnDisk: notOnDiskLine.text
 
+    property bool startsMaximized: false
+
     signal fatalChoice
 
     width: 390
@@ -31,6 +33,7 @@ T.ApplicationWindow {
     minimumWidth: 320
     minimumHeight: 480
     visible: true
+    visibility: startsMaximized ? Window.Maximized : Window.Windowed
     title: qsTr("Lantern")
     color: Theme.paper
     Component.onCompleted: Theme.appearance = appearance

@@ -89,7 +89,7 @@ FocusScope {
                 Layout.fillWidth: true
                 wrapMode: Text.NoWrap
                 fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: Theme.captionFont
+                minimumPixelSize: 13
                 elide: Text.ElideRight
                 text: root.picker.monthTitle(root.year, root.month)
                 font.bold: true

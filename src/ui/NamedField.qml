@@ -2,15 +2,17 @@ import QtQuick
 import QtQuick.Layouts
 import Lantern
 
-/** A field, and the button that opens the list of its names. */
-RowLayout {
+/** A field, and the button that opens the list of its names: beside it where there is room. */
+GridLayout {
     id: root
 
     required property ToolkitTextField control
     required property ToolkitButton listButton
 
     Layout.fillWidth: true
-    spacing: Theme.gap
+    columns: width >= Theme.scaled(104) + Theme.gap + 150 ? 2 : 1
+    columnSpacing: Theme.gap
+    rowSpacing: Theme.gap
 
     FormField {
         Layout.fillWidth: true
@@ -20,6 +22,7 @@ RowLayout {
     PushButton {
         Layout.alignment: Qt.AlignBottom
         Layout.preferredWidth: Theme.scaled(104)
+        Layout.fillWidth: root.columns === 1
         font.pixelSize: Theme.secondaryFont
         leftPadding: Theme.gap
         rightPadding: Theme.gap

@@ -114,7 +114,7 @@ Item {
             width: root.width - (centered ? 2 * root.sideWidth : root.leftWidth + root.rightWidth)
             height: root.lineHeight
             // A title of which no letter fits is better not begun.
-            visible: width >= implicitWidth || width >= Theme.touchTarget
+            visible: width >= Math.min(implicitWidth, 2 * Theme.touchTarget)
             text: root.navigationItem.title
             font.bold: true
             elide: Text.ElideRight

@@ -60,6 +60,7 @@ Program::Program(const ProgramPaths& paths, Environment environment, Platform& p
 
 Program::~Program() {
     setFatalErrorHandler(nullptr);
+    m_windowPlace.reset();
     // The views go before the controllers that they show.
     if (m_quickWindow)
         m_quickWindow->setProperty("window", QVariant::fromValue<Window*>(nullptr));
@@ -75,14 +76,17 @@ bool Program::isOpenElsewhere() const {
 
 bool Program::launch() {
     // The window comes first, so that whatever ends the program from here on is seen.
-    m_engine.setInitialProperties(
-        {{QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)},
-         {QStringLiteral("keyboard"), QVariant::fromValue(&m_keyboard)},
-         {QStringLiteral("notes"), QVariant::fromValue(&m_notes)}});
+    m_windowPlace.emplace(m_userDefaults);
+    QVariantMap properties = m_windowPlace->initialProperties();
+    properties[QStringLiteral("appearance")] = QVariant::fromValue(&m_appearance);
+    properties[QStringLiteral("keyboard")] = QVariant::fromValue(&m_keyboard);
+    properties[QStringLiteral("notes")] = QVariant::fromValue(&m_notes);
+    m_engine.setInitialProperties(properties);
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Lantern/Main.qml")));
     if (m_engine.rootObjects().isEmpty())
         return false;
     m_quickWindow = qobject_cast<QQuickWindow*>(m_engine.rootObjects().constFirst());
+    m_windowPlace->follow(*m_quickWindow);
     setFatalErrorHandler([this](const FatalError& error) { showFatalError(error); });
 
     m_application.notOnDiskChanged = [this](const QString& sentence) {

@@ -6,11 +6,13 @@
 #include "store/ProcessLock.h"
 #include "toolkit/Appearance.h"
 #include "toolkit/Storyboard.h"
+#include "ui/WindowPlace.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 
 #include <memory>
+#include <optional>
 #include <variant>
 
 /** Where a program keeps what it must not lose. */
@@ -74,4 +76,5 @@ private:
     Storyboard m_storyboard;
     QQmlApplicationEngine m_engine;
     QQuickWindow* m_quickWindow = nullptr;
+    std::optional<WindowPlace> m_windowPlace; ///< until the window goes
 };

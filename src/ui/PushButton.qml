@@ -21,7 +21,7 @@ T.Button {
     implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
     padding: 10
     leftPadding: Theme.margin
-    rightPadding: Theme.margin
+    rightPadding: symbol === "" ? Theme.margin : Theme.gap
     visible: shown > 0
     opacity: shown
     enabled: control.enabled && !control.hidden

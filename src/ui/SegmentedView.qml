@@ -57,7 +57,6 @@ FocusScope {
 
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
-                Layout.minimumWidth: implicitContentWidth + 2 * Theme.gap
                 implicitWidth: implicitContentWidth + 2 * Theme.gap
                 implicitHeight: Theme.touchTarget
                 text: modelData
@@ -80,6 +79,8 @@ FocusScope {
                     font.pixelSize: Theme.secondaryFont
                     font.bold: segment.selected
                     color: segment.selected ? Theme.accentInk : Theme.drawn(root.control.tintColor)
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: 13
                     wrapMode: Text.NoWrap
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter

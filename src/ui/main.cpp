@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QUrl>
 
 #include <optional>
@@ -33,6 +34,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern"));
     QApplication::setApplicationVersion(QStringLiteral(LANTERN_VERSION));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/lantern.png")));
     QApplication::setDesktopFileName(QStringLiteral("example.lantern.Lantern"));
     describeItemsToAssistiveTechnology();
     quitOnSignals();

@@ -88,9 +88,13 @@ void Pilot::scrollTo(const QQuickItem& item) const {
         const QVariant contentY = page->property("contentY");
         if (!contentY.isValid() || page->objectName() == QStringLiteral("Rows"))
             continue;
-        const double below = middle(item).y() + item.height() / 2 - m_window.height();
-        if (below > 0)
-            page->setProperty("contentY", contentY.toDouble() + below + 8);
+        const QRectF shown = page->mapRectToScene(page->boundingRect());
+        const QRectF place = item.mapRectToScene(item.boundingRect());
+        const double below = place.bottom() - std::min(shown.bottom(), double(m_window.height()));
+        const double above = shown.top() - place.top();
+        if (below > 0 || above > 0)
+            page->setProperty("contentY",
+                              contentY.toDouble() + (below > 0 ? below + 8 : -above - 8));
     }
 }
 

@@ -202,6 +202,7 @@ private:
         shoot("quotes-swipe", "delete");
         m_pilot.tap(QStringLiteral("delete"));
         shoot("quotes-deleted", "# of Quotes in your search");
+        Pilot::waitFor([&] { return !m_pilot.look(QStringLiteral("Undo")); }, 10'000);
         m_pilot.tap(QStringLiteral("Back"));
     }
 
@@ -307,7 +308,9 @@ private:
         shoot("source-breakdown", "Author");
         m_pilot.tap(QStringLiteral("Back"));
         m_pilot.tap(QStringLiteral("Topics"));
-        shoot("tabs-topics", "art");
+        shoot("tabs-topics", "Topics");
+        m_pilot.tap(QStringLiteral("Search topics"));
+        m_pilot.type(QStringLiteral("art"));
         m_pilot.tap(QStringLiteral("art"));
         shoot("topic-breakdown", "Source");
         m_pilot.tap(QStringLiteral("Source"));
@@ -349,8 +352,8 @@ private:
         shoot("edit-topic", "a first topic");
         m_pilot.tap(QStringLiteral("Back"));
         m_pilot.tap(m_pilot.find(QStringLiteral("a first topic")), Qt::RightButton);
-        shoot("topic-menu", "Delete");
-        m_pilot.tap(QStringLiteral("Delete"));
+        shoot("topic-menu", "delete");
+        m_pilot.tap(QStringLiteral("delete"));
         shoot("topic-deleted", "art");
         m_pilot.tap(QStringLiteral("Back"));
     }
