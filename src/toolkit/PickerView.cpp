@@ -50,9 +50,13 @@ void PickerView::choose(int row) {
 }
 
 int PickerView::rowWithTitle(const QString& title) const {
+    int beginning = -1;
     for (int row = 0; row < m_rows.rowCount(); ++row) {
-        if (m_delegate->titleForRow(*this, row, 0) == title)
+        const QString candidate = m_delegate->titleForRow(*this, row, 0);
+        if (candidate == title)
             return row;
+        if (beginning < 0 && !title.isEmpty() && candidate.startsWith(title, Qt::CaseInsensitive))
+            beginning = row;
     }
-    return -1;
+    return beginning;
 }

@@ -65,7 +65,8 @@ public:
     Q_INVOKABLE void reloadAllComponents() { m_rows.reload(); }
     /** What turning the wheel to a row does. */
     Q_INVOKABLE void choose(int row);
-    /** The first row with this title, -1 when there is none. */
+    /** The first row with this title, else the first that begins with it, in whatever case; -1 when
+     * there is none. */
     Q_INVOKABLE int rowWithTitle(const QString& title) const;
 
 private:

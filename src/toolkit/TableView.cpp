@@ -181,6 +181,20 @@ void TableView::performSwipeAction(int row, int action) {
     actions.at(std::size_t(action)).handler();
 }
 
+int TableView::rowBeginningWith(const QString& text) {
+    for (int row = 0; row < m_rowCount; ++row) {
+        TableViewCell* cell = beginDisplaying(row);
+        const auto* label = cell && !cell->labels().isEmpty()
+                                ? qobject_cast<const Label*>(cell->labels().constFirst())
+                                : nullptr;
+        const bool begins = label && label->text().startsWith(text, Qt::CaseInsensitive);
+        endDisplaying(cell);
+        if (begins)
+            return row;
+    }
+    return -1;
+}
+
 int TableView::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : m_rowCount;
 }

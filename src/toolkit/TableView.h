@@ -147,6 +147,9 @@ public:
     Q_INVOKABLE QStringList swipeActionTitles(int row) const;
     Q_INVOKABLE void performSwipeAction(int row, int action);
 
+    /** The first row whose text begins so, in whatever case; -1 when there is none. */
+    Q_INVOKABLE int rowBeginningWith(const QString& text);
+
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 

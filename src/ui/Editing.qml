@@ -17,6 +17,9 @@ QtObject {
 
     /** The user turns the input view by so many steps, from the field. */
     signal turned(steps: int)
+    /** The user wants the menu of a text, at a place in it. */
+    signal menuAsked(field: Item, place: point)
+
     /** The user goes from the field into the sheet. */
     signal entered
 }

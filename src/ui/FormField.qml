@@ -73,6 +73,10 @@ FocusScope {
             control: root.control
             focused: field.activeFocus
         }
+
+        TextMenuArea {
+            field: field
+        }
     }
 
     EditingLink {

@@ -115,8 +115,14 @@ FocusScope {
             onActiveFocusChanged: if (activeFocus)
                 root.reveal(cursorPosition)
             Keys.onEscapePressed: root.control.endEditing()
+            Keys.onMenuPressed: Editing.menuAsked(area, Qt.point(cursorRectangle.x,
+                                                                 cursorRectangle.y))
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+            TextMenuArea {
+                field: area
+            }
         }
     }
 

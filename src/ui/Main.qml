@@ -88,8 +88,33 @@ T.ApplicationWindow {
         }
     }
 
+    KeyShortcuts {
+        anchors.fill: parent
+        visible: !root.ending
+        enabled: !root.ending
+        window: root
+        navigation: root.window?.rootViewController as NavigationController
+        onListAsked: keyList.open()
+    }
+
+    KeyList {
+        id: keyList
+    }
+
+    TextMenu {
+        id: textMenu
+    }
+
+    Connections {
+        target: Editing
+
+        function onMenuAsked(field: Item, place: point) {
+            textMenu.openAt(field, place);
+        }
+    }
+
     Shortcut {
-        sequences: [StandardKey.Undo]
+        sequences: ["Ctrl+Z"]
         enabled: root.notes.undoable !== ""
         onActivated: root.notes.undo()
     }

@@ -93,6 +93,13 @@ T.Button {
             visible: root.down
         }
 
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: Theme.hovered
+            visible: root.hovered && !root.down
+        }
+
         FocusRing {
             radius: parent.radius + 4
             shown: root.visualFocus

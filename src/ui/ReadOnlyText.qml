@@ -30,6 +30,10 @@ TextEdit {
     Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
     Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 
+    TextMenuArea {
+        field: root
+    }
+
     FocusRing {
         radius: 4
         shown: root.activeFocus

@@ -8,6 +8,9 @@ T.TextField {
 
     required property SearchController controller
 
+    /** The user goes on to the results. */
+    signal wentDown
+
     implicitHeight: Theme.controlHeight
     leftPadding: 16 + Theme.scaled(22)
     rightPadding: clear.visible ? clear.width : Theme.margin
@@ -29,6 +32,7 @@ T.TextField {
         controller.searchBar.text = text
     onActiveFocusChanged: controller.active = activeFocus
     Keys.onEscapePressed: focus = false
+    Keys.onDownPressed: wentDown()
 
     Connections {
         target: root.controller
@@ -39,6 +43,10 @@ T.TextField {
             else
                 root.focus = false;
         }
+    }
+
+    TextMenuArea {
+        field: root
     }
 
     background: Rectangle {

@@ -17,4 +17,9 @@ TextButton {
     objectName: control.accessibilityLabel
     Accessible.name: control.accessibilityLabel
     onClicked: control.press()
+
+    Hint {
+        text: root.control.accessibilityLabel
+        shown: root.hovered
+    }
 }

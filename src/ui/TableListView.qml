@@ -17,9 +17,18 @@ FocusScope {
     /** The row that stands aside from its actions; null when none does. */
     property Item openRow: null
 
+    /** The row whose menu is open; -1 when none is. */
+    readonly property int menuRow: menu.visible ? menu.row : -1
+
     function goTo(row: int): void {
         list.currentIndex = Math.min(Math.max(0, row), list.count - 1);
         list.positionViewAtIndex(list.currentIndex, ListView.Contain);
+    }
+
+    function enterRows(): void {
+        list.forceActiveFocus();
+        if (list.count > 0)
+            goTo(0);
     }
 
     function shut(row: Item): void {
@@ -32,6 +41,7 @@ FocusScope {
         menu.row = row;
         if (menu.titles.length > 0)
             menu.popup(root, place.x, place.y);
+        menu.currentIndex = 0;
     }
 
     function performAction(row: int, action: int): void {
@@ -92,6 +102,11 @@ FocusScope {
             SearchField {
                 width: head.width
                 controller: root.table.searchController
+                onWentDown: root.enterRows()
+                onAccepted: if (text !== "" && list.count > 0) {
+                    root.enterRows();
+                    root.table.selectRow(0);
+                }
             }
         }
 
@@ -137,6 +152,8 @@ FocusScope {
         id: list
 
         property bool fading: false
+        /** What the user types, to come to the row that begins so. */
+        property string typed
 
         readonly property int page: Math.max(1, Math.floor(height / Theme.touchTarget) - 1)
 
@@ -159,7 +176,10 @@ FocusScope {
         Accessible.name: root.table.header?.text ?? ""
 
         onContentYChanged: root.openRow = null
-        Keys.onUpPressed: root.goTo(currentIndex - 1)
+        Keys.onUpPressed: if (currentIndex <= 0 && root.table.searchController !== null)
+            root.table.searchController.active = true;
+        else
+            root.goTo(currentIndex - 1)
         Keys.onDownPressed: root.goTo(currentIndex < 0 ? indexAt(width / 2, contentY + 1)
                                                        : currentIndex + 1)
         Keys.onReturnPressed: if (currentIndex >= 0)
@@ -174,6 +194,24 @@ FocusScope {
                 root.performAction(currentIndex, 0);
         }
         Keys.onPressed: event => {
+            if (event.key === Qt.Key_Menu
+                    || event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier) {
+                event.accepted = currentIndex >= 0;
+                const row = currentItem;
+                if (event.accepted)
+                    root.openMenu(currentIndex, row.mapToItem(root, row.width / 2, row.height / 2));
+                return;
+            }
+            if (event.text > " " && event.text !== "\x7f"
+                    && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier))) {
+                typed += event.text;
+                typing.restart();
+                const row = root.table.rowBeginningWith(typed);
+                if (row >= 0)
+                    root.goTo(row);
+                event.accepted = true;
+                return;
+            }
             const rows = {
                 [Qt.Key_PageUp]: currentIndex - page,
                 [Qt.Key_PageDown]: currentIndex + page,
@@ -205,6 +243,13 @@ FocusScope {
                 duration: Theme.rowDuration
                 easing.type: Easing.OutCubic
             }
+        }
+
+        Timer {
+            id: typing
+
+            interval: 1000
+            onTriggered: list.typed = ""
         }
 
         Timer {

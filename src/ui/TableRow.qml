@@ -17,6 +17,7 @@ T.ItemDelegate {
     property bool swiped: false
 
     readonly property bool current: ListView.isCurrentItem && owner.list.activeFocus
+                                    || owner.menuRow === index
     readonly property real fixedHeight: owner.table.heightForRow(index)
     readonly property bool open: owner.openRow === root
     /** How far the row moves aside from its actions, in points. */
@@ -58,6 +59,7 @@ T.ItemDelegate {
     topInset: 3
     bottomInset: 3
     focusPolicy: Qt.NoFocus
+    hoverEnabled: true
     text: labelAt(0)?.text ?? ""
     objectName: text
     Accessible.role: Accessible.ListItem
@@ -86,6 +88,16 @@ T.ItemDelegate {
         owner.list.currentIndex = index;
         owner.list.forceActiveFocus(Qt.MouseFocusReason);
         owner.table.selectRow(index);
+    }
+
+    Hint {
+        text: root.Accessible.name
+        shown: root.hovered && !root.down && root.owner.menuRow < 0 && root.isCut(root.contentItem)
+    }
+
+    /** Whether a text of the row is cut off. */
+    function isCut(item: Item): bool {
+        return ((item as Text)?.truncated ?? false) || Array.from(item.children).some(isCut);
     }
 
     Behavior on slide {
@@ -154,6 +166,13 @@ T.ItemDelegate {
             color: Theme.pressed
             // A press that becomes a swipe is never released.
             visible: (root.down && !root.swiped) || root.owner.table.selectedRow === root.index
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: Theme.hovered
+            visible: root.hovered && !root.down
         }
 
         FocusRing {

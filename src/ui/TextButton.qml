@@ -23,6 +23,11 @@ T.Button {
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
+    Hint {
+        text: root.text
+        shown: root.hovered && !root.contentVisible
+    }
+
     Symbol {
         anchors.centerIn: parent
         visible: name !== ""
@@ -43,7 +48,7 @@ T.Button {
 
     background: Rectangle {
         radius: Theme.buttonRadius
-        color: root.down ? Theme.pressed : "transparent"
+        color: root.down ? Theme.pressed : root.hovered ? Theme.hovered : "transparent"
     }
 
     FocusRing {

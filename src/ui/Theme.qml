@@ -34,6 +34,7 @@ QtObject {
     readonly property color lamp: highContrast ? (dark ? "#ffc24a" : "#b36b00")
                                                : (dark ? "#f2b13c" : "#f2a31b")
     readonly property color track: Qt.alpha(accent, dark ? 0.16 : 0.08)
+    readonly property color hovered: Qt.alpha(ink, 0.04)
     readonly property color pressed: Qt.alpha(ink, 0.08)
     readonly property color scrim: dark ? "#99000000" : "#591b1814"
     /** The border of a control in black. */

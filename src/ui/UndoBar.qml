@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Templates as T
 import Lantern
 
 /** What was taken away last, and the way to bring it back; for some seconds, or as long as the user
  * points at it or has the keyboard in it. */
-T.Control {
+Rectangle {
     id: root
 
     required property Notes notes
@@ -19,9 +18,9 @@ T.Control {
     anchors.horizontalCenter: parent.horizontalCenter
     width: Math.min(parent.width - 2 * Theme.margin, 420)
     height: Math.max(48, label.implicitHeight + Theme.gap)
-    leftPadding: Theme.margin
+    radius: 10
+    color: Theme.ink
     visible: false
-    hoverEnabled: true
     Accessible.role: Accessible.Notification
     Accessible.name: label.text
 
@@ -50,50 +49,48 @@ T.Control {
         id: passing
 
         interval: 6000
-        running: root.offered && !root.hovered && !undo.activeFocus
+        running: root.offered && !pointer.hovered && !undo.activeFocus
         onTriggered: root.notes.endUndo()
     }
 
-    background: Rectangle {
-        radius: 10
-        color: Theme.ink
-
-        // A halo, so that rows of the same darkness do not touch it.
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: -3
-            z: -1
-            radius: 13
-            color: Theme.paper
-        }
+    HoverHandler {
+        id: pointer
     }
 
-    contentItem: Item {
-        PlainText {
-            id: label
+    // A halo, so that rows of the same darkness do not touch it.
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: -3
+        z: -1
+        radius: 13
+        color: Theme.paper
+    }
 
-            anchors.left: parent.left
-            anchors.right: undo.left
-            height: parent.height
-            color: Theme.paper
-            font.pixelSize: Theme.secondaryFont
-            elide: Text.ElideRight
-            wrapMode: Text.NoWrap
-            verticalAlignment: Text.AlignVCenter
-            Accessible.ignored: true
-        }
+    PlainText {
+        id: label
 
-        TextButton {
-            id: undo
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.margin
+        anchors.right: undo.left
+        height: parent.height
+        color: Theme.paper
+        font.pixelSize: Theme.secondaryFont
+        elide: Text.ElideRight
+        wrapMode: Text.NoWrap
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
 
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
-            text: qsTr("Undo")
-            tint: Theme.accentOnInk
-            bold: true
-            focusPolicy: Qt.TabFocus
-            rightPadding: Theme.margin
-            onClicked: root.notes.undo()
-        }
+    TextButton {
+        id: undo
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        text: qsTr("Undo")
+        tint: Theme.accentOnInk
+        bold: true
+        focusPolicy: Qt.TabFocus
+        rightPadding: Theme.margin
+        onClicked: root.notes.undo()
     }
 }
