@@ -15,6 +15,9 @@ QtObject {
     property real undoHeight: 0
     property bool sheetOpen: false
 
+    /** Whether an alert or a sheet stands over the screens. */
+    property bool presenting: false
+
     /** The user turns the input view by so many steps, from the field. */
     signal turned(steps: int)
     /** The user wants the menu of a text, at a place in it. */

@@ -22,10 +22,13 @@ FocusScope {
                                  - (popover ? 44 : Theme.barHeight + Theme.controlHeight)
     readonly property real toolbarHeight: Math.max(46, Theme.controlHeight)
 
+    property real widest: Theme.scaled(356)
+
     /** Below the field, else above it, else beside it: never over it. */
     function stand(): void {
         if (!popover || !open || Editing.field === null)
             return;
+        widest = Theme.scaled(356);
         const field = Editing.field;
         const corner = field.mapToItem(parent, 0, 0);
         const below = corner.y + field.height + Theme.gap;
@@ -36,9 +39,11 @@ FocusScope {
         } else if (above >= 44 + Theme.gap) {
             y = above;
         } else {
-            const before = corner.x - 2 * Theme.gap - width;
-            x = before >= 0 ? before : Math.min(corner.x + field.width + 2 * Theme.gap,
-                                                parent.width - width);
+            const before = corner.x - 3 * Theme.gap;
+            widest = Math.max(300, Math.min(Theme.scaled(356), before));
+            x = before >= 300 ? corner.x - 2 * Theme.gap - width
+                              : Math.min(corner.x + field.width + 2 * Theme.gap,
+                                         parent.width - width);
             y = parent.height - height - Theme.gap;
         }
     }
@@ -77,7 +82,7 @@ FocusScope {
     }
     Keys.onEscapePressed: input?.endEditing()
 
-    width: popover ? Math.min(Theme.scaled(356), parent.width - 2 * Theme.gap) : parent.width
+    width: popover ? Math.min(widest, parent.width - 2 * Theme.gap) : parent.width
     height: content.height
     y: parent.height - covered
     visible: popover ? open : y < parent.height

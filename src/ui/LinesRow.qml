@@ -35,7 +35,7 @@ TableRow {
                     // A blank first line keeps its place.
                     visible: index === 0 || value.text !== ""
                     value.color: last ? Theme.faintInk : Theme.ink
-                    value.font.bold: index === 0 && root.lineCount > 1
+                    value.font.bold: index === 0 && (captionLength > 0 || (root.labelAt(1)?.text ?? "") !== "")
                     value.font.pixelSize: index === 0 ? Theme.bodyFont
                                         : last ? Theme.captionFont : Theme.secondaryFont
                     value.elide: root.fixedHeight < 0 ? Text.ElideNone : Text.ElideRight

@@ -10,7 +10,7 @@ GridLayout {
     required property ToolkitButton listButton
 
     Layout.fillWidth: true
-    columns: width >= Theme.scaled(104) + Theme.gap + 150 ? 2 : 1
+    columns: Window.width >= Theme.scaled(250) ? 2 : 1
     columnSpacing: Theme.gap
     rowSpacing: Theme.gap
 

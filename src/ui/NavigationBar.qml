@@ -10,7 +10,19 @@ Item {
 
     required property NavigationController controller
 
-    readonly property NavigationItem navigationItem: controller.topViewController.navigationItem
+    /** Takes what a press does in the pane of a list that led to the top screen; else null. */
+    property Gate gate: null
+    /** Whether the bar is that of the pane beside such a list. */
+    property bool beside: false
+
+    function act(action: var): void {
+        if (gate !== null)
+            gate.asked(action);
+        else
+            action();
+    }
+
+    property NavigationItem navigationItem: controller.topViewController.navigationItem
     readonly property ToolkitSegmentedControl segments: navigationItem.titleView as ToolkitSegmentedControl
     readonly property var items: navigationItem.rightBarButtonItems
     /** The symbols of the words that have one. Saving is always said. */
@@ -48,8 +60,8 @@ Item {
 
     implicitHeight: lineHeight + (stacked ? Theme.touchTarget + 4 : 0)
                     + (prompt !== "" ? promptLine.height : 0)
-    height: controller.navigationBarHidden ? 0 : implicitHeight
-    enabled: !controller.navigationBarHidden
+    height: (controller?.navigationBarHidden ?? true) ? 0 : implicitHeight
+    enabled: !(controller?.navigationBarHidden ?? true)
     visible: height > 0
     clip: true
 
@@ -76,7 +88,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        color: Theme.paper
+        color: root.gate !== null ? Theme.side : Theme.paper
 
         Rectangle {
             anchors.bottom: parent.bottom
@@ -93,9 +105,9 @@ Item {
 
         x: 4
         y: (root.lineHeight - height) / 2
-        visible: root.controller.depth > 1 || own !== null
-        text: root.controller.depth > 1 || own === null ? qsTr("Back") : own.title
-        worded: root.width >= 360 * Theme.textScale
+        visible: root.gate === null && ((root.controller?.depth ?? 0) > 1 || own !== null)
+        text: (root.controller?.depth ?? 0) > 1 || own === null ? qsTr("Back") : own.title
+        worded: !root.beside && root.width >= 360 * Theme.textScale
         onClicked: root.controller.goBack()
     }
 
@@ -138,6 +150,7 @@ Item {
             width: Math.min(root.stacked ? root.width - 2 * Theme.margin
                                          : root.width - 2 * root.sideWidth, 360)
             control: modelData as ToolkitSegmentedControl
+            gate: root.gate
         }
     }
 
@@ -159,7 +172,7 @@ Item {
                 text: item.title
                 bold: text === qsTr("Save")
                 symbol: root.symbolOf(item, root.worded)
-                onClicked: item.press()
+                onClicked: root.act(() => item.press())
             }
         }
     }

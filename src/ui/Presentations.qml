@@ -10,6 +10,8 @@ Item {
     readonly property ViewController presented: presenter?.presentedViewController ?? null
     readonly property DocumentPickerViewController documentPicker: presented as DocumentPickerViewController
 
+    onPresentedChanged: Editing.presenting = presented !== null
+
     AlertSheet {
         alert: root.presented as AlertController
     }

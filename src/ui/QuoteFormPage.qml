@@ -36,7 +36,7 @@ FormPage {
             Layout.fillWidth: true
             Layout.alignment: Qt.AlignTop
             Layout.preferredWidth: 46
-            columns: !root.low && parent.width >= 660 ? 2 : 1
+            columns: !root.low && root.width >= 660 + 2 * Theme.margin ? 2 : 1
             columnSpacing: 24
             rowSpacing: Theme.gap
         }

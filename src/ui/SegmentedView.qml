@@ -11,9 +11,21 @@ FocusScope {
 
     required property ToolkitSegmentedControl control
 
+    /** Takes what a press does, where that has to wait; else null. */
+    property Gate gate: null
+
+    function choose(index: int): void {
+        if (gate !== null)
+            gate.asked(() => control.choose(index));
+        else
+            control.choose(index);
+    }
+
     readonly property real inset: (height - Math.max(34, Theme.scaled(30))) / 2
 
-    implicitWidth: row.implicitWidth
+    /** Wide enough for the longest title in each. */
+    implicitWidth: control.items.length * (2 * Theme.gap + Array.from(control.items).reduce(
+        (width, title) => Math.max(width, titles.advanceWidth(title)), 0))
     implicitHeight: Theme.touchTarget
     objectName: control.accessibilityLabel
     Accessible.role: Accessible.PageTabList
@@ -27,6 +39,13 @@ FocusScope {
         color: Qt.alpha(Theme.drawn(root.control.tintColor), Theme.dark ? 0.16 : 0.08)
         border.width: Theme.highContrast ? 1 : 0
         border.color: Theme.ink
+    }
+
+    FontMetrics {
+        id: titles
+
+        font.pixelSize: Theme.secondaryFont
+        font.bold: true
     }
 
     RowLayout {
@@ -51,7 +70,7 @@ FocusScope {
                     const item = segments.itemAt(neighbour);
                     if (item !== null) {
                         item.forceActiveFocus(Qt.TabFocusReason);
-                        root.control.choose(neighbour);
+                        root.choose(neighbour);
                     }
                 }
 
@@ -68,7 +87,7 @@ FocusScope {
                 Accessible.selectable: true
                 Accessible.selected: selected
                 Accessible.onPressAction: segment.clicked()
-                onClicked: root.control.choose(index)
+                onClicked: root.choose(index)
                 Keys.onReturnPressed: segment.clicked()
                 Keys.onEnterPressed: segment.clicked()
                 Keys.onLeftPressed: goTo(index - 1)

@@ -14,6 +14,20 @@ FocusScope {
     property alias delegate: list.delegate
     property alias list: list
 
+    /** Takes what a press does where the list stands beside what it led to; else null. */
+    property Gate gate: null
+
+    function act(action: var): void {
+        if (gate !== null)
+            gate.asked(action);
+        else
+            action();
+    }
+
+    function choose(row: int): void {
+        act(() => table.selectRow(row));
+    }
+
     /** The row that stands aside from its actions; null when none does. */
     property Item openRow: null
 
@@ -45,6 +59,10 @@ FocusScope {
     }
 
     function performAction(row: int, action: int): void {
+        if (gate !== null) {
+            gate.asked(() => performAction(row, action));
+            return;
+        }
         if (action >= table.swipeActionTitles(row).length)
             return;
         openRow = null;
@@ -78,7 +96,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: Theme.paper
+        color: root.gate !== null ? Theme.side : Theme.paper
     }
 
     ActionMenu {
@@ -100,12 +118,21 @@ FocusScope {
             model: root.table.searchController !== null ? 1 : 0
 
             SearchField {
+                id: searchField
+
                 width: head.width
                 controller: root.table.searchController
+                activeFocusOnTab: root.gate === null
+
+                MouseArea {
+                    anchors.fill: parent
+                    enabled: root.gate !== null
+                    onClicked: root.act(() => searchField.forceActiveFocus())
+                }
                 onWentDown: root.enterRows()
                 onAccepted: if (text !== "" && list.count > 0) {
                     root.enterRows();
-                    root.table.selectRow(0);
+                    root.choose(0);
                 }
             }
         }
@@ -183,11 +210,11 @@ FocusScope {
         Keys.onDownPressed: root.goTo(currentIndex < 0 ? indexAt(width / 2, contentY + 1)
                                                        : currentIndex + 1)
         Keys.onReturnPressed: if (currentIndex >= 0)
-            root.table.selectRow(currentIndex)
+            root.choose(currentIndex)
         Keys.onEnterPressed: if (currentIndex >= 0)
-            root.table.selectRow(currentIndex)
+            root.choose(currentIndex)
         Keys.onSpacePressed: if (currentIndex >= 0)
-            root.table.selectRow(currentIndex)
+            root.choose(currentIndex)
         Keys.onDeletePressed: event => {
             // A key that is held down would delete row after row.
             if (currentIndex >= 0 && !event.isAutoRepeat)

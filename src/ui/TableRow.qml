@@ -16,6 +16,8 @@ T.ItemDelegate {
     property list<string> actions
     property bool swiped: false
 
+    /** Whether what the row led to stands beside its list. */
+    readonly property bool marked: owner.gate !== null && owner.table.selectedRow === index
     readonly property bool current: ListView.isCurrentItem && owner.list.activeFocus
                                     || owner.menuRow === index
     readonly property real fixedHeight: owner.table.heightForRow(index)
@@ -87,7 +89,7 @@ T.ItemDelegate {
         }
         owner.list.currentIndex = index;
         owner.list.forceActiveFocus(Qt.MouseFocusReason);
-        owner.table.selectRow(index);
+        owner.choose(index);
     }
 
     Hint {
@@ -129,6 +131,8 @@ T.ItemDelegate {
     DragHandler {
         id: drag
 
+        enabled: root.owner.gate === null
+
         property real start: 0
         property real place: 0
 
@@ -165,7 +169,7 @@ T.ItemDelegate {
             radius: parent.radius
             color: Theme.pressed
             // A press that becomes a swipe is never released.
-            visible: (root.down && !root.swiped) || root.owner.table.selectedRow === root.index
+            visible: (root.down && !root.swiped) || (root.owner.table.selectedRow === root.index && !root.marked)
         }
 
         Rectangle {
@@ -191,7 +195,17 @@ T.ItemDelegate {
         visible: root.owner.table.rowsLeadOn
         name: "chevron.right"
         size: 18
-        tint: Theme.faintInk
+        tint: root.marked ? Theme.accent : Theme.faintInk
+    }
+
+    Rectangle {
+        x: root.leftInset + 6
+        y: root.topInset + 7
+        width: 5
+        height: parent.height - 2 * y
+        radius: 2
+        visible: root.marked
+        color: Theme.accent
     }
 
     Item {

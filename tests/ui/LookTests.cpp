@@ -190,4 +190,46 @@ TEST_F(Looks, WindowComesBackAsLargeAsItWasLeft) {
     EXPECT_TRUE(Pilot::waitFor([&] { return !kept().contains(QStringLiteral("width")); }));
 }
 
+TEST_F(Looks, WideWindowKeepsTheListBesideWhatItLedTo) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("a"), QStringLiteral("first"));
+    addQuote(QStringLiteral("Bob"), QStringLiteral("b"), QStringLiteral("second"));
+    pilot->resize({1024, 768});
+    open("Quote List");
+    const auto shown = [this](const char* field) {
+        return pilot->find(QLatin1String(field)).property("text").toString();
+    };
+    const auto row = [this](int index) -> QQuickItem& {
+        return *pilot->findAll(QStringLiteral("Topic: ")).at(index);
+    };
+    pilot->tap(row(0));
+    EXPECT_EQ(shown("Author"), "Ann");
+    EXPECT_GE(pilot->find(QStringLiteral("Author")).mapToScene({}).x(), 340);
+    EXPECT_LE(row(1).mapToScene({row(1).width(), 0}).x(), 340 + 10);
+    EXPECT_TRUE(row(0).property("marked").toBool());
+    EXPECT_EQ(pilot->findAll(QStringLiteral("Back")).size(), 1);
+    pilot->tap(row(1));
+    EXPECT_EQ(shown("Author"), "Bob");
+    EXPECT_EQ(program.navigation().depth(), 3);
+
+    pilot->tap(QStringLiteral("Author"));
+    pilot->type(QStringLiteral("!"));
+    pilot->tap(row(0));
+    pilot->tap(QStringLiteral("Cancel"));
+    EXPECT_EQ(shown("Author"), "Bob!");
+    pilot->tap(QStringLiteral("Sort"));
+    pilot->tap(QStringLiteral("Discard"));
+    EXPECT_EQ(program.navigation().depth(), 2);
+    EXPECT_EQ(row(0).objectName(), "Topic: b");
+
+    pilot->tap(row(1));
+    pilot->resize({390, 844});
+    EXPECT_EQ(rows(), QStringList());
+    pilot->resize({1024, 768});
+    EXPECT_EQ(rows().size(), 2);
+    pilot->tap(QStringLiteral("Search quotes"));
+    pilot->type(QStringLiteral("a"));
+    EXPECT_EQ(rows().size(), 1);
+    EXPECT_EQ(program.navigation().depth(), 2);
+}
+
 } // namespace
