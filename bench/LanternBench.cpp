@@ -3,9 +3,9 @@
 #include "exchange/ImportViewController.h"
 #include "names/Breakdowns.h"
 #include "names/BrowseLists.h"
-#include "platform/FakePlatform.h"
 #include "quotes/MasterViewController.h"
 #include "store/FoldedTexts.h"
+#include "support/FakePlatform.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

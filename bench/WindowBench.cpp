@@ -1,5 +1,5 @@
-#include "Pilot.h"
-#include "platform/FakePlatform.h"
+#include "support/FakePlatform.h"
+#include "support/Pilot.h"
 #include "ui/Program.h"
 
 #include <QFile>

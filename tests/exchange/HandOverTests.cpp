@@ -1,9 +1,9 @@
 #include "exchange/ExportViewController.h"
 #include "exchange/PrintQuoteViewController.h"
-#include "platform/Desktop.h"
 #include "platform/DesktopPlatform.h"
-#include "platform/MailPortal.h"
 #include "platform/Print.h"
+#include "support/Desktop.h"
+#include "support/MailPortal.h"
 #include "support/TestApplication.h"
 
 #include <QApplication>

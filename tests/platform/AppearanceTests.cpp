@@ -1,5 +1,5 @@
-#include "Desktop.h"
 #include "platform/DesktopAppearance.h"
+#include "support/Desktop.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

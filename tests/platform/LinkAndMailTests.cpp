@@ -1,7 +1,7 @@
-#include "Desktop.h"
-#include "MailPortal.h"
 #include "platform/DesktopPlatform.h"
 #include "platform/Mail.h"
+#include "support/Desktop.h"
+#include "support/MailPortal.h"
 
 #include <QApplication>
 #include <QDBusConnection>

@@ -1,7 +1,7 @@
-#include "Desktop.h"
 #include "platform/DesktopPlatform.h"
 #include "platform/Markup.h"
 #include "platform/Print.h"
+#include "support/Desktop.h"
 
 #include <QApplication>
 #include <QImage>

@@ -1,5 +1,5 @@
-#include "Desktop.h"
 #include "platform/DesktopPlatform.h"
+#include "support/Desktop.h"
 
 #include <QApplication>
 #include <QClipboard>

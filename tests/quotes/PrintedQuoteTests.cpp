@@ -1,7 +1,7 @@
-#include "platform/Desktop.h"
 #include "platform/Print.h"
 #include "quotes/ChosenQuote.h"
 #include "quotes/DetailViewController.h"
+#include "support/Desktop.h"
 #include "support/TestApplication.h"
 
 #include <gtest/gtest.h>

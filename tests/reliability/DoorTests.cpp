@@ -1,5 +1,5 @@
 #include "foundation/RegularExpression.h"
-#include "store/StoreFixture.h"
+#include "support/StoreFixture.h"
 
 #include <QElapsedTimer>
 

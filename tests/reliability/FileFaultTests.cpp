@@ -1,10 +1,10 @@
 #include "exchange/ExportViewController.h"
 #include "foundation/Files.h"
 #include "foundation/UserDefaults.h"
-#include "platform/Desktop.h"
 #include "platform/DesktopPlatform.h"
 #include "reliability/FailingCalls.h"
 #include "reliability/StoreContents.h"
+#include "support/Desktop.h"
 #include "support/TestApplication.h"
 
 #include <QDir>

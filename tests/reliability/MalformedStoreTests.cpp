@@ -1,7 +1,7 @@
 #include "reliability/Effort.h"
 #include "reliability/StoreContents.h"
 #include "store/Schema.h"
-#include "store/StoreFixture.h"
+#include "support/StoreFixture.h"
 
 #include <QtEndian>
 

@@ -1,7 +1,7 @@
-#include "Pilot.h"
-#include "platform/FakePlatform.h"
 #include "reliability/Effort.h"
 #include "reliability/Memory.h"
+#include "support/FakePlatform.h"
+#include "support/Pilot.h"
 #include "toolkit/NavigationController.h"
 #include "ui/Program.h"
 

@@ -1,5 +1,5 @@
-#include "StoreFixture.h"
 #include "store/Backups.h"
+#include "support/StoreFixture.h"
 
 #include <QDate>
 #include <QFileInfo>

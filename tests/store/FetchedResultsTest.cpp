@@ -1,6 +1,6 @@
-#include "StoreFixture.h"
 #include "store/DistinctNames.h"
 #include "store/FetchedResultsController.h"
+#include "support/StoreFixture.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "store/ListSearch.h"
 
-#include "StoreFixture.h"
 #include "store/FoldedTexts.h"
+#include "support/StoreFixture.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
-#include "StoreFixture.h"
 #include "store/Connection.h"
+#include "support/StoreFixture.h"
 
 #include <QFileInfo>
 

@@ -1,10 +1,10 @@
 #include "store/Recovery.h"
 
 #include "../reliability/Effort.h"
-#include "StoreFixture.h"
 #include "store/Backups.h"
 #include "store/Connection.h"
 #include "store/FoundRows.h"
+#include "support/StoreFixture.h"
 
 #include <QtEndian>
 

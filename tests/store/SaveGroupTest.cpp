@@ -1,5 +1,5 @@
-#include "StoreFixture.h"
 #include "foundation/FatalError.h"
+#include "support/StoreFixture.h"
 
 #include <csignal>
 #include <cstdlib>

@@ -2,8 +2,8 @@
 
 #include "app/AppDelegate.h"
 #include "foundation/FatalError.h"
-#include "platform/FakePlatform.h"
 #include "store/Records.h"
+#include "support/FakePlatform.h"
 #include "support/PrintText.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/ViewController.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Pilot.h"
-#include "platform/FakePlatform.h"
 #include "store/Records.h"
+#include "support/FakePlatform.h"
+#include "support/Pilot.h"
 #include "toolkit/NavigationController.h"
 #include "ui/Program.h"
 
