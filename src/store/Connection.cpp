@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QFile>
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <map>
@@ -281,6 +282,8 @@ std::optional<StoreError> StoreConnection::prepareStatements() {
 std::optional<StoreError> StoreConnection::transaction(const std::function<int()>& work) {
     if (auto loss = findLoss())
         return loss;
+    if (auto failed = replaceLostLog())
+        return failed;
     backUp();
     if (execute("BEGIN IMMEDIATE") == SQLITE_OK && work() == SQLITE_DONE &&
         execute("COMMIT") == SQLITE_OK) {
@@ -303,8 +306,46 @@ void StoreConnection::backUp() {
 }
 
 void StoreConnection::noteFiles() {
-    m_mark = markOf(m_path);
+    const auto mark = markOf(m_path);
+    if (mark != m_mark)
+        m_contents = contents();
+    m_mark = mark;
     m_logMark = markOf(log());
+}
+
+// By SQLite's own handle: to close another would drop its lock.
+std::optional<std::size_t> StoreConnection::contents() const {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(m_database.get(), nullptr, SQLITE_FCNTL_FILE_POINTER, &file);
+    sqlite3_int64 size = 0;
+    if (file->pMethods->xFileSize(file, &size) != SQLITE_OK)
+        return std::nullopt;
+    QByteArray block(1 << 18, Qt::Uninitialized);
+    std::size_t hash = 0;
+    for (sqlite3_int64 place = 0; place < size; place += block.size()) {
+        const auto part = std::min<sqlite3_int64>(block.size(), size - place);
+        if (file->pMethods->xRead(file, block.data(), int(part), place) != SQLITE_OK)
+            return std::nullopt;
+        hash = qHashBits(block.constData(), std::size_t(part), hash);
+    }
+    return hash;
+}
+
+bool StoreConnection::hasLog() const {
+    const auto mark = markOf(log());
+    return !m_logMark || (mark && mark->isSameFile(*m_logMark));
+}
+
+// A log without a name would be lost with this process. What it holds goes into the store, and a
+// new one begins.
+std::optional<StoreError> StoreConnection::replaceLostLog() {
+    if (hasLog())
+        return std::nullopt;
+    if (execute("PRAGMA journal_mode = DELETE") != SQLITE_OK ||
+        !keepsLog("PRAGMA journal_mode = WAL"))
+        return error(QStringLiteral("saved"));
+    noteFiles();
+    return std::nullopt;
 }
 
 std::optional<StoreError> StoreConnection::findLoss() {
@@ -313,17 +354,23 @@ std::optional<StoreError> StoreConnection::findLoss() {
     const auto mark = markOf(m_path);
     if (mark == m_mark)
         return std::nullopt;
+    const bool isSameFile = mark && m_mark && mark->isSameFile(*m_mark);
+    // Another time on it is nobody's harm.
+    if (isSameFile && mark->size == m_mark->size && m_contents && contents() == m_contents) {
+        m_mark = mark;
+        return std::nullopt;
+    }
     // From now on nothing is written to the file at the path, nor carried over when this closes.
     sqlite3_db_config(m_database.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     QString reason = QStringLiteral("another program has moved, replaced or deleted it");
     // A file that was written over is no longer there to be copied.
-    if (!mark || !mark->isSameFile(*m_mark)) {
+    if (!isSameFile) {
         const QString day = QDate::currentDate().toString(Qt::ISODate);
         if (const auto copy = m_backups.copyOfLost(m_database.get(), m_today ? m_today() : day))
             reason += QStringLiteral("; what it held is in \"%1\"").arg(*copy);
     }
     // The log belongs to what was there, and would be taken for one of what is there now.
-    if (const auto logMark = markOf(log()); logMark && m_logMark && logMark->isSameFile(*m_logMark))
+    if (m_logMark && hasLog())
         QFile::remove(log());
     m_loss = failure(m_path, QStringLiteral("saved"), reason, QString());
     m_loss->cause = StoreError::Cause::Loss;

@@ -106,6 +106,11 @@ private:
     std::optional<StoreError> openDatabase();
     void backUp();
     void noteFiles();
+    /** A hash of all bytes of the file; nothing when they cannot be read. */
+    std::optional<std::size_t> contents() const;
+    /** Whether the log still stands at its path, if there was one. */
+    bool hasLog() const;
+    std::optional<StoreError> replaceLostLog();
     QString log() const { return m_path + QStringLiteral("-wal"); }
     std::optional<StoreError> findDamage();
     std::optional<StoreError> findLostMark();
@@ -126,6 +131,7 @@ private:
     std::function<QString()> m_today;
     std::optional<FileMark> m_mark; // of the file and its log, as this connection left them
     std::optional<FileMark> m_logMark;
+    std::optional<std::size_t> m_contents; // of the file then
     std::optional<StoreError> m_loss;
     std::array<EntityStatements, entityCount> m_statements;
     std::array<std::int64_t, entityCount> m_lastIds{};

@@ -5,7 +5,7 @@
 #include <optional>
 #include <sys/stat.h>
 
-/** What tells that a file is the same as before, and that nobody has written to it since. */
+/** What tells that a file is the same as before, and, but for its time, that nobody wrote to it. */
 struct FileMark {
     dev_t device;
     ino_t number;

@@ -88,8 +88,14 @@ TEST_F(BackupTest, GoesOnlyAfterANewerOneIsWhole) {
     EXPECT_EQ(m_backups.newestWholeDay(), std::nullopt);
 
     QDir(draft).removeRecursively();
-    put(draft, "left by a kill");
+    today = QString(300, u'9'); // longer than a file's name may be
     addTopics({QStringLiteral("c")});
+    EXPECT_EQ(m_backups.days(), old);
+    EXPECT_EQ(filesOfBackups().size(), old.size());
+
+    today = QStringLiteral("2021-03-01");
+    put(draft, "left by a kill");
+    addTopics({QStringLiteral("d")});
     EXPECT_EQ(m_backups.days().first(), today);
     EXPECT_EQ(m_backups.days().size(), 7);
     put(m_backups.pathOf(QStringLiteral("2021-03-05")), "damaged");
@@ -189,6 +195,30 @@ TEST_P(LossTest, IsSaidAndLeavesWhatIsThere) {
     if (left) {
         EXPECT_EQ(topics(open()->viewContext()), std::vector{QStringLiteral("other")});
     }
+}
+
+TEST_F(StoreTest, LosesNothingWhenItsTimeIsSetOrItsLogIsTakenAway) {
+    const auto container = open();
+    auto& context = container->viewContext();
+    insertTopic(context, QStringLiteral("a"));
+    save(context);
+    for (const char* topic : {"b", "c"}) {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QFile::Append) &&
+                    file.setFileTime(QDateTime::currentDateTime(), QFile::FileModificationTime));
+        file.close();
+        if (*topic == 'c') {
+            QFile::remove(path() + QStringLiteral("-wal"));
+        }
+        insertTopic(context, QString::fromLatin1(topic));
+        save(context);
+    }
+    for (const char* end : {"", "-wal"})
+        QFile::copy(path() + QLatin1String(end),
+                    m_folder.filePath(QStringLiteral("Copy.sqlite") + QLatin1String(end)));
+    PersistentContainer copy(QStringLiteral("Copy"), m_folder.path());
+    ASSERT_FALSE(copy.loadPersistentStores());
+    EXPECT_EQ(topics(copy.viewContext()).size(), 3U) << "what a kill would leave";
 }
 
 INSTANTIATE_TEST_SUITE_P(ByWork, LossTest,
