@@ -1,5 +1,6 @@
 #include "store/FoundRows.h"
 
+#include <QSet>
 #include <QtEndian>
 
 #include <algorithm>
@@ -78,6 +79,7 @@ public:
                                    std::numeric_limits<std::int64_t>::max()});
         distrustShared();
         distrustTwins();
+        distrustMisplaced();
         readClaimed();
         readStray();
         keepTrusted();
@@ -164,6 +166,47 @@ private:
                 distrust(twin->second);
             }
         }
+    }
+
+    /** Where a list misses something, its pages may have been written in the place of another's. A
+     * page stays with its list then as long as the quotes use its names so, and no more often as
+     * the other's. */
+    void distrustMisplaced() {
+        const auto uses = namesInUse();
+        const auto isIncomplete = m_isIncomplete;
+        for (PageNumber number = 0; number < m_claims.size(); ++number) {
+            const auto list = m_claims[number].empty() ? quotes : m_claims[number].front().entity;
+            if (list == quotes || rowsOn(m_tablePages[number]).empty())
+                continue;
+            std::array<int, entityCount> count{};
+            for (const Row& row : readRows(number, list)) {
+                const auto values = readRecord(row.record);
+                const auto* name = std::get_if<QByteArrayView>(&values->back());
+                for (std::size_t use = quotes + 1; name && use < entityCount; ++use)
+                    count[use] += int(uses[use].contains(name->toByteArray()));
+            }
+            for (std::size_t other = quotes + 1; other < entityCount; ++other) {
+                if (other != list && isIncomplete[other] &&
+                    (count[list] == 0 || count[other] > count[list]))
+                    distrust(number);
+            }
+        }
+    }
+
+    /** By list, the names that quotes have. */
+    std::array<QSet<QByteArray>, entityCount> namesInUse() const {
+        std::array<QSet<QByteArray>, entityCount> uses;
+        for (PageNumber number = 0; number < m_tablePages.size(); ++number) {
+            for (const Row& row : readRows(number, quotes)) {
+                const auto values = readRecord(row.record);
+                for (std::size_t list = quotes + 1; list < entityCount; ++list) {
+                    // The record has the id and the text of the quote before them.
+                    if (const auto* name = std::get_if<QByteArrayView>(&(*values)[list + 1]))
+                        uses[list].insert(name->toByteArray());
+                }
+            }
+        }
+        return uses;
     }
 
     void readClaimed() {

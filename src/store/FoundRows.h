@@ -24,8 +24,9 @@ struct FoundRows {
 /**
  * Goes from the tables' first pages to their rows, and then through all pages that nothing leads
  * to. A quote is told by its columns. The three lists of names look alike: of a page of names whose
- * way is lost, the names count only where all but one list are there from end to end. Where the
- * schema is gone, the tables begin on the pages on which Lantern makes them. The bytes must outlive
- * the result.
+ * way is lost, the names count only where all but one list are there from end to end; and where
+ * another list misses something, names count only on pages of which quotes use some as this list's.
+ * Where the schema is gone, the tables begin on the pages on which Lantern makes them. The bytes
+ * must outlive the result.
  */
 FoundRows findRows(const StoreBytes& bytes);
