@@ -36,15 +36,19 @@ void startAgain() {
 } // namespace
 
 ProgramPaths ProgramPaths::ofThisUser() {
-    const auto folder = [](const char* variable, const QString& belowHome) {
+    ProgramPaths paths;
+    const auto folder = [&paths](const char* variable, const QString& belowHome) {
         const auto found = userFolder(variable, belowHome);
         if (!found)
-            fatalError(QStringLiteral("Neither %1 nor HOME names a folder for Lantern's files")
-                           .arg(QLatin1String(variable)));
-        return *found + QStringLiteral("/Lantern");
+            paths.problem = QStringLiteral("Neither %1 nor HOME names a folder for Lantern's files")
+                                .arg(QLatin1String(variable));
+        // Below what is no folder, no file is found or made.
+        return found.value_or(QStringLiteral("/dev/null")) + QStringLiteral("/Lantern");
     };
-    return {folder("XDG_DATA_HOME", QStringLiteral(".local/share")),
-            folder("XDG_CONFIG_HOME", QStringLiteral(".config")) + QStringLiteral("/Lantern.ini")};
+    paths.storeFolder = folder("XDG_DATA_HOME", QStringLiteral(".local/share"));
+    paths.settingsFile =
+        folder("XDG_CONFIG_HOME", QStringLiteral(".config")) + QStringLiteral("/Lantern.ini");
+    return paths;
 }
 
 Program::Program(const ProgramPaths& paths, Environment environment, Platform& platform)
@@ -54,7 +58,8 @@ Program::Program(const ProgramPaths& paths, Environment environment, Platform& p
     , m_temporaryFolderRemoval([this] { QDir(m_temporaryFolder.path()).removeRecursively(); })
     , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, m_notes,
                              platform, m_classes, m_selection, paths.storeFolder,
-                             m_temporaryFolder.path()}) {
+                             m_temporaryFolder.path()})
+    , m_problem(paths.problem) {
     addScenes(m_storyboard, m_application);
 }
 
@@ -92,6 +97,8 @@ bool Program::launch() {
     m_application.notOnDiskChanged = [this](const QString& sentence) {
         m_quickWindow->setProperty("notOnDisk", sentence);
     };
+    if (!m_problem.isEmpty())
+        fatalError(m_problem);
     if (isOpenElsewhere())
         m_application.persistentContainer();
     m_application.didFinishLaunchingWithOptions();

@@ -19,6 +19,7 @@
 struct ProgramPaths {
     QString storeFolder;
     QString settingsFile;
+    QString problem = {}; ///< why there can be no such files, where that is so
 
     /** The user's data and configuration folders. */
     static ProgramPaths ofThisUser();
@@ -77,4 +78,5 @@ private:
     QQmlApplicationEngine m_engine;
     QQuickWindow* m_quickWindow = nullptr;
     std::optional<WindowPlace> m_windowPlace; ///< until the window goes
+    QString m_problem; // to be told of in the window
 };

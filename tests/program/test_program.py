@@ -201,6 +201,12 @@ class ProgramTest(unittest.TestCase):
             self.assertEqual(lantern.quit(by), 1)
             os.remove(lantern.settings)
 
+        homeless = self.start(HOME="")
+        homeless.find("Lantern has to stop", "heading")
+        self.assertIn("nor HOME names a folder", homeless.read("Reason"))
+        homeless.press("Quit")
+        self.assertEqual(homeless.ends(), 1)
+
         lantern = self.start()
         lantern.find("Start again")
         os.remove(store)
