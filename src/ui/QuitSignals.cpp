@@ -24,9 +24,13 @@ void quitOnSignals() {
     wakeUp = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     auto* notifier =
         new QSocketNotifier(wakeUp, QSocketNotifier::Read, QCoreApplication::instance());
-    // Not quit(), which a loop that runs before or after the application's own does not hear.
-    QObject::connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(),
-                     [] { QCoreApplication::exit(EXIT_SUCCESS); });
+    QObject::connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(), [] {
+        // Or the signal would end the next loop too, which shows the fatal page.
+        eventfd_t count = 0;
+        ::eventfd_read(wakeUp, &count);
+        // Not quit(), which a loop that runs before or after the application's own does not hear.
+        QCoreApplication::exit(EXIT_SUCCESS);
+    });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         std::signal(signal, onSignal);
 }
