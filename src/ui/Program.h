@@ -78,5 +78,5 @@ private:
     QQmlApplicationEngine m_engine;
     QQuickWindow* m_quickWindow = nullptr;
     std::optional<WindowPlace> m_windowPlace; ///< until the window goes
-    QString m_problem; // to be told of in the window
+    QString m_problem;                        // to be told of in the window
 };
