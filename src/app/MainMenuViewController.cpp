@@ -3,6 +3,7 @@
 #include "app/NameRecords.h"
 #include "foundation/FatalError.h"
 #include "shared/CommonLook.h"
+#include "shared/Screens.h"
 #include "toolkit/NavigationController.h"
 
 #include <QLoggingCategory>
@@ -52,7 +53,7 @@ MainMenuViewController::MainMenuViewController(AppDelegate& application)
 
 void MainMenuViewController::viewDidLoad() {
     rebuildNamesAtFirstLaunch();
-    m_application.services.selection.callingScreen = QStringLiteral("Menu");
+    m_application.services.selection.callingScreen = callers::menu;
     for (Button* option : menuOptionsButton)
         styleButton(*option);
 }
@@ -62,11 +63,11 @@ void MainMenuViewController::viewWillAppear() {
         option->setHidden(true);
     if (NavigationController* navigation = navigationController())
         navigation->setNavigationBarHidden(false);
-    m_application.services.selection.callingScreen = QStringLiteral("Menu");
+    m_application.services.selection.callingScreen = callers::menu;
 }
 
 void MainMenuViewController::prepareForSegue(Segue& segue, QObject* /*sender*/) {
-    if (segue.identifier() != QStringLiteral("TabBarController"))
+    if (segue.identifier() != scenes::groups)
         return;
     if (NavigationController* navigation = navigationController())
         navigation->setNavigationBarHidden(true);

@@ -3,6 +3,7 @@
 #include "foundation/FatalError.h"
 #include "foundation/TextFile.h"
 #include "shared/CommonLook.h"
+#include "shared/Screens.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/DocumentPickerViewController.h"
 
@@ -167,7 +168,7 @@ void ImportViewController::save() {
 }
 
 void ImportViewController::report() {
-    const auto done = [this] { performSegue(QStringLiteral("unwindToMainMenu"), this); };
+    const auto done = [this] { performSegue(unwinds::toMainMenu, this); };
     if (!wrongFile.value_or(true))
         presentAlert(*this, QStringLiteral("Data Import File"),
                      QStringLiteral("Data File Import Completed"), done);

@@ -3,6 +3,7 @@
 #include "app/Outcomes.h"
 #include "app/TextSharing.h"
 #include "shared/CommonLook.h"
+#include "shared/Screens.h"
 
 #include <QLoggingCategory>
 
@@ -23,7 +24,7 @@ struct Field {
 
 /** The quotes that a breakdown screen lists, and how their text is laid out. */
 struct Group {
-    const char* callingScreen = "";
+    QLatin1String callingScreen;
     const char* header = "";
     TextKey<Event> key{};
     QString SelectionValues::*name = nullptr;
@@ -31,7 +32,7 @@ struct Group {
     std::array<Field, 4> fields;
 };
 
-constexpr std::array groups{Group{"AuthorBreakdown",
+constexpr std::array groups{Group{callers::authorBreakdown,
                                   "Event Filtered by Author",
                                   Event::Keys::author,
                                   &SelectionValues::selectedAuthor,
@@ -40,7 +41,7 @@ constexpr std::array groups{Group{"AuthorBreakdown",
                                     {"Source: ", &Event::source},
                                     {"Topic: ", &Event::category, true},
                                     {"Quote: ", &Event::quote}}}},
-                            Group{"SourceBreakdown",
+                            Group{callers::sourceBreakdown,
                                   "Event Filtered by Source",
                                   Event::Keys::source,
                                   &SelectionValues::selectedSource,
@@ -49,7 +50,7 @@ constexpr std::array groups{Group{"AuthorBreakdown",
                                     {"Author: ", &Event::author},
                                     {"Topic: ", &Event::category, true},
                                     {"Quote: ", &Event::quote}}}},
-                            Group{"TopicBreakdown",
+                            Group{callers::topicBreakdown,
                                   "Event Filtered by Topic",
                                   Event::Keys::category,
                                   &SelectionValues::selectedTopic,
@@ -61,9 +62,8 @@ constexpr std::array groups{Group{"AuthorBreakdown",
 
 /** The group of a calling screen; null when that is no breakdown. */
 const Group* groupOf(const QString& callingScreen) {
-    const auto* found = std::ranges::find_if(groups, [&](const Group& group) {
-        return callingScreen == QLatin1String(group.callingScreen);
-    });
+    const auto* found = std::ranges::find_if(
+        groups, [&](const Group& group) { return callingScreen == group.callingScreen; });
     return found == groups.end() ? nullptr : found;
 }
 

@@ -4,6 +4,7 @@
 #include "quotes/ChosenQuote.h"
 #include "quotes/DetailViewController.h"
 #include "shared/CommonLook.h"
+#include "shared/Screens.h"
 #include "shared/SortAndSearch.h"
 #include "store/ListSearch.h"
 
@@ -22,9 +23,9 @@ void setIfPresent(Label& label, const std::optional<QString>& text) {
 
 Breakdown::Breakdown(TableViewController& screen, AppDelegate& application, BreakdownKind kind)
     : SortButton(new BarButtonItem(&screen, QStringLiteral("Sort"), [this] { SortData(); }))
-    , PrintButton(new BarButtonItem(
-          &screen, QStringLiteral("Print"),
-          [&screen] { screen.performSegue(QStringLiteral("PrintQuoteViewController"), &screen); }))
+    , PrintButton(
+          new BarButtonItem(&screen, QStringLiteral("Print"),
+                            [&screen] { screen.performSegue(scenes::printQuotes, &screen); }))
     , searchController(new SearchController(&screen, QStringLiteral("Search quotes")))
     , context(application.persistentContainer().viewContext())
     , segment(new SegmentedControl(&screen, kind.segmentTitles))

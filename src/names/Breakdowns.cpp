@@ -1,5 +1,7 @@
 #include "Breakdowns.h"
 
+#include "shared/Screens.h"
+
 TopicBreakdownTableViewController::TopicBreakdownTableViewController(AppDelegate& application)
     : quotes(*this, application,
              {.field = Event::Keys::category,
@@ -9,7 +11,7 @@ TopicBreakdownTableViewController::TopicBreakdownTableViewController(AppDelegate
               .searchPlaceholder = QStringLiteral("Sort and Search by Author"),
               .countSuffix = QStringLiteral(" Topic(s)"),
               .searchCountSuffix = QStringLiteral(" Topic(s)"),
-              .callingScreen = QStringLiteral("TopicBreakdown"),
+              .callingScreen = callers::topicBreakdown,
               .sortsWhenUnset = true}) {
     connect(quotes.segment, &SegmentedControl::valueChanged, this,
             [this] { segmentedControlActionWithSender(*quotes.segment); });
@@ -45,7 +47,7 @@ SourceBreakdownTableViewController::SourceBreakdownTableViewController(AppDelega
               .searchPlaceholder = QStringLiteral("Sort and Search by Topic"),
               .countSuffix = QStringLiteral(" Source(s): "),
               .searchCountSuffix = QStringLiteral(" Source(s)"),
-              .callingScreen = QStringLiteral("SourceBreakdown"),
+              .callingScreen = callers::sourceBreakdown,
               .buttonsAreSymbols = true}) {}
 
 TableViewCell* SourceBreakdownTableViewController::cellForRowAtIndexPath(int row) {
@@ -64,7 +66,7 @@ AuthorBreakdownTableViewController::AuthorBreakdownTableViewController(AppDelega
               .searchPlaceholder = QStringLiteral("Sort and Search by Topic"),
               .countSuffix = QStringLiteral(" Quote(s)"),
               .searchCountSuffix = QStringLiteral(" Quote(s)"),
-              .callingScreen = QStringLiteral("AuthorBreakdown"),
+              .callingScreen = callers::authorBreakdown,
               .buttonsAreSymbols = true}) {}
 
 TableViewCell* AuthorBreakdownTableViewController::cellForRowAtIndexPath(int row) {

@@ -33,7 +33,7 @@ void addName(ViewController& form, AppDelegate& application, const QString& name
     if (const auto error = context.save())
         qCWarning(lcNames) << error->description;
     qCInfo(lcNames) << "Back button Clicked";
-    form.performSegue(QLatin1String(NameKind<Record>::unwindToList), &form);
+    form.performSegue(NameKind<Record>::unwindToList, &form);
 }
 
 /** The records whose name a form edits. */
@@ -81,5 +81,5 @@ void saveNameEdit(ViewController& form, AppDelegate& application, NameEdit<Recor
     (edit.Results->front()->*NameKind<Record>::set)(name);
     if (const auto error = context.save())
         qCWarning(lcNames) << error->description;
-    form.performSegue(QLatin1String(NameKind<Record>::unwindToList), &form);
+    form.performSegue(NameKind<Record>::unwindToList, &form);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shared/Screens.h"
 #include "shared/SelectionValues.h"
 #include "store/Records.h"
 
@@ -15,7 +16,7 @@ struct NameKind<Authors> {
     static constexpr auto ofQuotes = Event::Keys::author;
     static constexpr auto chosen = &SelectionValues::chosenAuthorName;
     static constexpr const char* noun = "Author";
-    static constexpr const char* unwindToList = "unwindToAuthorList";
+    static constexpr QLatin1String unwindToList = unwinds::toAuthorNames;
 };
 
 template <>
@@ -26,7 +27,7 @@ struct NameKind<Sources> {
     static constexpr auto ofQuotes = Event::Keys::source;
     static constexpr auto chosen = &SelectionValues::chosenSourceName;
     static constexpr const char* noun = "Source";
-    static constexpr const char* unwindToList = "unwindToSourceList";
+    static constexpr QLatin1String unwindToList = unwinds::toSourceNames;
 };
 
 template <>
@@ -37,5 +38,5 @@ struct NameKind<Topics> {
     static constexpr auto ofQuotes = Event::Keys::category;
     static constexpr auto chosen = &SelectionValues::chosenTopicName;
     static constexpr const char* noun = "Topic";
-    static constexpr const char* unwindToList = "unwindToTopicList";
+    static constexpr QLatin1String unwindToList = unwinds::toTopicNames;
 };

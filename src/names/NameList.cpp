@@ -2,6 +2,7 @@
 
 #include "foundation/FatalError.h"
 #include "shared/CommonLook.h"
+#include "shared/Screens.h"
 #include "shared/SortAndSearch.h"
 #include "store/DistinctNames.h"
 #include "store/ListSearch.h"
@@ -80,7 +81,7 @@ void NameList::SortData() {
 }
 
 void NameList::UnwindSegue() {
-    m_screen.performSegue(QStringLiteral("unwindToMainMenu"), &m_screen);
+    m_screen.performSegue(unwinds::toMainMenu, &m_screen);
 }
 
 void NameList::updateSearchResultsForSearchController(SearchController& controller) {

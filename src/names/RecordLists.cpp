@@ -1,7 +1,9 @@
 #include "RecordLists.h"
 
+#include "shared/Screens.h"
+
 NewAuthorTableViewController::NewAuthorTableViewController(AppDelegate& application)
-    : list(*this, application, QStringLiteral("NewAuthor"), QStringLiteral("# Authors: = ")) {}
+    : list(*this, application, callers::authorNames, QStringLiteral("# Authors: = ")) {}
 
 TableViewCell* NewAuthorTableViewController::cellForRowAtIndexPath(int row) {
     auto* cell = tableView()->dequeueReusableCell<NewAuthorTableViewCell>(QStringLiteral("Cell"));
@@ -14,7 +16,7 @@ void NewAuthorTableViewController::unwindToAuthorListWithSegue(Segue* /*segue*/)
 }
 
 NewSourceTableViewController::NewSourceTableViewController(AppDelegate& application)
-    : list(*this, application, QStringLiteral("NewSource"), QStringLiteral("# Sources = ")) {}
+    : list(*this, application, callers::sourceNames, QStringLiteral("# Sources = ")) {}
 
 void NewSourceTableViewController::viewWillDisappear() {
     SourceList.clear();

@@ -1,6 +1,7 @@
 #include "AddViewController.h"
 
 #include "shared/CommonLook.h"
+#include "shared/Screens.h"
 
 #include <QLoggingCategory>
 
@@ -61,10 +62,10 @@ void AddViewController::leave() {
          std::initializer_list<TextInput*>{SourceTextField, CategoryTextField, AuthorTextField,
                                            DateAddedTextField, QuoteTextView})
         field->setText(QString());
-    if (m_openedBy == QStringLiteral("Master"))
-        performSegue(QStringLiteral("unwindToMainList"), this);
-    else if (m_openedBy == QStringLiteral("Menu"))
-        performSegue(QStringLiteral("unwindToMainMenu"), this);
+    if (m_openedBy == callers::chosenQuote)
+        performSegue(unwinds::toQuotes, this);
+    else if (m_openedBy == callers::menu)
+        performSegue(unwinds::toMainMenu, this);
     else
         m_application.services.notes.say(QStringLiteral("Saved"));
 }

@@ -6,6 +6,7 @@
 #include "foundation/RegularExpression.h"
 #include "quotes/ChosenQuote.h"
 #include "shared/CommonLook.h"
+#include "shared/Screens.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/Storyboard.h"
 
@@ -154,7 +155,7 @@ void DetailViewController::insertNewObject() {
     NavigationController* navigation = navigationController();
     if (!storyboard() || !navigation)
         return;
-    auto screen = storyboard()->instantiate(QStringLiteral("AddQuote"));
+    auto screen = storyboard()->instantiate(scenes::addQuote);
     qCInfo(lcQuotes) << screen->title();
     if (navigation->topViewController()->restorationIdentifier() != screen->restorationIdentifier())
         navigation->pushViewController(std::move(screen));
@@ -278,11 +279,10 @@ std::vector<Event*> DetailViewController::recordsOfKey() const {
 }
 
 bool DetailViewController::returnToOpener() {
-    static const QHash<QString, QString> segues{
-        {QStringLiteral("Master"), QStringLiteral("unwindToMenu")},
-        {QStringLiteral("TopicBreakdown"), QStringLiteral("unwindToTopicTableView")},
-        {QStringLiteral("SourceBreakdown"), QStringLiteral("unwindToSourceTableView")},
-        {QStringLiteral("AuthorBreakdown"), QStringLiteral("unwindToAuthorTableView")}};
+    static const QHash<QString, QString> segues{{callers::chosenQuote, unwinds::toOpeningQuotes},
+                                                {callers::topicBreakdown, unwinds::toTopics},
+                                                {callers::sourceBreakdown, unwinds::toSources},
+                                                {callers::authorBreakdown, unwinds::toAuthors}};
     if (!segues.contains(m_openedBy))
         return false;
     performSegue(segues.value(m_openedBy), this);

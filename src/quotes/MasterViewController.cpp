@@ -4,6 +4,7 @@
 #include "foundation/FatalError.h"
 #include "quotes/MasterTableViewCell.h"
 #include "shared/CommonLook.h"
+#include "shared/Screens.h"
 #include "shared/SortAndSearch.h"
 #include "store/ListSearch.h"
 
@@ -54,7 +55,7 @@ MasterViewController::MasterViewController(AppDelegate& application)
 }
 
 void MasterViewController::viewDidLoad() {
-    m_application.services.selection.callingScreen = QStringLiteral("MainList");
+    m_application.services.selection.callingScreen = callers::quotes;
     SortAsc = true;
     styleTitleSegments(*segment);
     segment->setSelectedIndex(Topic);
@@ -74,7 +75,7 @@ void MasterViewController::viewWillDisappear() {
 }
 
 void MasterViewController::prepareForSegue(Segue& /*segue*/, QObject* /*sender*/) {
-    m_application.services.selection.callingScreen = QStringLiteral("Master");
+    m_application.services.selection.callingScreen = callers::chosenQuote;
 }
 
 void MasterViewController::SortButtonTapped() {

@@ -42,6 +42,7 @@ class Storyboard {
 public:
     void add(const Scene& scene);
     const Scene* scene(const QString& identifier) const;
+    const std::map<QString, Scene>& scenes() const { return m_scenes; }
 
     /** A new, not yet loaded screen; an unknown identifier is a fatal error. */
     std::unique_ptr<ViewController> instantiate(const QString& identifier);

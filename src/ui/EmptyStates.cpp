@@ -1,5 +1,6 @@
 #include "EmptyStates.h"
 
+#include "shared/Screens.h"
 #include "toolkit/NavigationController.h"
 #include "toolkit/Storyboard.h"
 
@@ -17,8 +18,8 @@ EmptyState::Step opening(const QString& title, TableViewController& list, const 
 EmptyState noQuotes(TableViewController& list, const QString& what) {
     return {QStringLiteral("No quotes yet"),
             what,
-            {opening(QStringLiteral("Add New Quote"), list, QStringLiteral("AddQuote")),
-             opening(QStringLiteral("Import"), list, QStringLiteral("ImportViewController"))}};
+            {opening(QStringLiteral("Add New Quote"), list, scenes::addQuote),
+             opening(QStringLiteral("Import"), list, scenes::importFile)}};
 }
 
 EmptyState noNames(TableViewController& list, const QString& addForm) {

@@ -4,6 +4,7 @@
 #include "exchange/UnsavedChanges.h"
 #include "foundation/FatalError.h"
 #include "foundation/Files.h"
+#include "shared/Screens.h"
 #include "store/Backups.h"
 #include "store/Records.h"
 #include "store/Recovery.h"
@@ -108,7 +109,7 @@ bool Program::launch() {
 }
 
 void Program::openCollectionFile(const QUrl& file) {
-    auto screen = m_storyboard.instantiate(QStringLiteral("ImportViewController"));
+    auto screen = m_storyboard.instantiate(scenes::importFile);
     auto& import = *qobject_cast<ImportViewController*>(screen.get());
     navigation().pushViewController(std::move(screen));
     import.didPickDocumentAtURL(file);

@@ -1,7 +1,0 @@
-#pragma once
-
-class AppDelegate;
-class Storyboard;
-
-/** Adds the screens of names and of the quotes of each name. */
-void addNameScenes(Storyboard& storyboard, AppDelegate& application);
