@@ -12,7 +12,8 @@ QuoteFormPage {
 
     quote: FormTextArea {
         Layout.fillWidth: true
-        Layout.fillHeight: true
+        Layout.fillHeight: !root.roomy
+        Layout.preferredHeight: Math.max(240, Math.min(fullHeight, root.height - 250))
         Layout.minimumHeight: 160
         control: root.controller.QuoteTextView
     }

@@ -16,6 +16,9 @@ FocusScope {
     property bool named: !bare
     property real margin: 12
 
+    /** How high the area is that shows all its text. */
+    property real fullHeight: 0
+
     /** The text as a text area can hold it: it ends all its paragraphs alike. */
     function shown(text: string): string {
         return text.replace(/\r\n?|[\u2029\ufdd0\ufdd1]/g, "\n");
@@ -38,6 +41,14 @@ FocusScope {
             page.contentY = rectangle.y;
         else if (bottom > page.contentY + page.height)
             page.contentY = bottom - page.height;
+    }
+
+    // Not while a layout gives the text its width, which would miss the change.
+    Timer {
+        id: measuring
+
+        interval: 0
+        onTriggered: root.fullHeight = area.contentHeight + 2 * root.margin + page.y
     }
 
     implicitWidth: 120
@@ -99,6 +110,7 @@ FocusScope {
             font.pixelSize: Math.max(1, Math.min(Theme.scaled(root.fontSize), Theme.largestFont))
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
+            onContentHeightChanged: measuring.start()
             selectByMouse: true
             selectionColor: Theme.accent
             selectedTextColor: Theme.accentInk

@@ -145,10 +145,14 @@ Item {
         SegmentedView {
             required property QtObject modelData
 
-            x: (root.width - width) / 2
+            // In the middle of the bar, else of what is left of it.
+            readonly property real free: root.width - root.leftWidth - root.rightWidth
+            readonly property bool centered: root.stacked || implicitWidth <= root.width - 2 * root.sideWidth
+
+            x: centered ? (root.width - width) / 2 : root.leftWidth + (free - width) / 2
             y: root.stacked ? root.lineHeight - 4 : (root.lineHeight - height) / 2
             width: Math.min(root.stacked ? root.width - 2 * Theme.margin
-                                         : root.width - 2 * root.sideWidth, 360)
+                            : centered ? root.width - 2 * root.sideWidth : free, 360)
             control: modelData as ToolkitSegmentedControl
             gate: root.gate
         }

@@ -32,6 +32,18 @@ FocusScope {
         }
     }
 
+    PlainText {
+        anchors.fill: parent
+        anchors.margins: Theme.margin
+        visible: face.to < 0
+        text: qsTr("There is nothing to choose from yet. Type it in the field.")
+        color: Theme.faintInk
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+
     Wheel {
         id: face
 
