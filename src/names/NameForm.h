@@ -21,6 +21,9 @@ bool isNameEntered(ViewController& form, const QString& name, const char* cancel
     return !name.isEmpty();
 }
 
+/** Saves, and says so; a failure is logged alone. */
+void saveNames(ManagedObjectContext& context, const AppDelegate& application);
+
 /** Adds a name as it was typed, also where there is one like it, and goes back to the list. */
 template <class Record>
 void addName(ViewController& form, AppDelegate& application, const QString& name,
@@ -30,8 +33,7 @@ void addName(ViewController& form, AppDelegate& application, const QString& name
     ManagedObjectContext& context = application.persistentContainer().viewContext();
     managedObjectContext = &context;
     (context.insert<Record>()->*NameKind<Record>::set)(name);
-    if (const auto error = context.save())
-        qCWarning(lcNames) << error->description;
+    saveNames(context, application);
     qCInfo(lcNames) << "Back button Clicked";
     form.performSegue(NameKind<Record>::unwindToList, &form);
 }
@@ -79,7 +81,6 @@ void saveNameEdit(ViewController& form, AppDelegate& application, NameEdit<Recor
         return;
     }
     (edit.Results->front()->*NameKind<Record>::set)(name);
-    if (const auto error = context.save())
-        qCWarning(lcNames) << error->description;
+    saveNames(context, application);
     form.performSegue(NameKind<Record>::unwindToList, &form);
 }

@@ -1,5 +1,12 @@
 #include "NameForms.h"
 
+void saveNames(ManagedObjectContext& context, const AppDelegate& application) {
+    if (const auto error = context.save())
+        qCWarning(lcNames) << error->description;
+    else
+        application.services.notes.say(QStringLiteral("Saved"));
+}
+
 AddAuthorViewController::AddAuthorViewController(AppDelegate& application)
     : AuthorTextField(new TextField(this, QStringLiteral("Author")))
     , m_application(application) {}

@@ -50,7 +50,10 @@ makeActivityViewController(Platform& platform, std::vector<ActivityItem> items,
     };
     if (text)
         offer(ActivityType::CopyToPasteboard, QStringLiteral("Copy"),
-              [&platform, text](const Items&) { platform.copy(*text); });
+              [&platform, text, answer](const Items&) {
+                  platform.copy(*text);
+                  answer({Outcome::Done, QStringLiteral("Copied")});
+              });
     if (text && platform.hasMessages())
         offer(ActivityType::Message, QStringLiteral("Message"),
               [&platform, text, answer](const Items&) { platform.message(*text, answer); });

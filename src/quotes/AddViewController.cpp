@@ -49,10 +49,7 @@ void AddViewController::dismissKeyboard() {
 void AddViewController::SaveQuote() {
     if (!form.validate())
         return;
-    ManagedObjectContext& context = m_application.persistentContainer().viewContext();
-    form.write(*context.insert<Event>());
-    if (const auto error = context.save())
-        qCWarning(lcQuotes) << error->description;
+    form.save(*m_application.persistentContainer().viewContext().insert<Event>());
     leave();
 }
 
@@ -62,10 +59,9 @@ void AddViewController::leave() {
          std::initializer_list<TextInput*>{SourceTextField, CategoryTextField, AuthorTextField,
                                            DateAddedTextField, QuoteTextView})
         field->setText(QString());
+    form.noteSaved();
     if (m_openedBy == callers::chosenQuote)
         performSegue(unwinds::toQuotes, this);
     else if (m_openedBy == callers::menu)
         performSegue(unwinds::toMainMenu, this);
-    else
-        m_application.services.notes.say(QStringLiteral("Saved"));
 }

@@ -86,7 +86,7 @@ void DetailViewController::viewWillAppear() {
     fetchNames();
     // A quote that was reached through this one's lists may have been this one.
     if (m_hasAppeared && SaveButton->isEnabled() && recordsOfKey().empty())
-        endSaving();
+        SaveButton->setEnabled(false);
     m_hasAppeared = true;
 }
 
@@ -132,12 +132,9 @@ void DetailViewController::SaveQuote() {
     ResultsCount = qsizetype(Results.size());
     if (Results.empty())
         fatalError(whyNotFound());
-    form.write(*Results.front());
-    if (const auto error = m_application.persistentContainer().viewContext().save())
-        qCWarning(lcQuotes) << error->description;
-    form.noteSaved();
+    form.save(*Results.front());
     if (!returnToOpener())
-        endSaving();
+        SaveButton->setEnabled(false); // the key may have changed under the quote
 }
 
 QString DetailViewController::whyNotFound() const {
@@ -287,9 +284,4 @@ bool DetailViewController::returnToOpener() {
         return false;
     performSegue(segues.value(m_openedBy), this);
     return true;
-}
-
-void DetailViewController::endSaving() {
-    SaveButton->setEnabled(false);
-    m_application.services.notes.say(QStringLiteral("Saved"));
 }

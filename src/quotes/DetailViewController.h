@@ -86,8 +86,6 @@ private:
     std::vector<Event*> recordsOfKey() const;
     /** Whether there is a way back to the screen that opened this one. */
     bool returnToOpener();
-    /** The key may have changed under the quote, which must be opened again to be saved again. */
-    void endSaving();
     QString whyNotFound() const;
 
     AppDelegate& m_application;

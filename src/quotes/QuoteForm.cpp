@@ -4,7 +4,11 @@
 #include "shared/CommonLook.h"
 #include "toolkit/AlertController.h"
 
+#include <QLoggingCategory>
+
 #include <algorithm>
+
+Q_DECLARE_LOGGING_CATEGORY(lcQuotes)
 
 namespace {
 
@@ -145,12 +149,17 @@ void QuoteForm::noteSaved() {
     m_dateIsChosen = false;
 }
 
-void QuoteForm::write(Event& quote) const {
+void QuoteForm::save(Event& quote) {
     quote.setSource(SourceTextField->text());
     quote.setAuthor(AuthorTextField->text());
     quote.setCategory(CategoryTextField->text());
     quote.setTimestamp(QuoteDate);
     quote.setQuote(QuoteTextView->text());
+    noteSaved();
+    if (const auto error = m_application.persistentContainer().viewContext().save())
+        qCWarning(lcQuotes) << error->description;
+    else
+        m_application.services.notes.say(QStringLiteral("Saved"));
 }
 
 int QuoteForm::numberOfComponentsInPickerView(const PickerView& /*picker*/) const {

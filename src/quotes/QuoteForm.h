@@ -51,8 +51,8 @@ public:
     bool hasUnsavedChanges() const;
     /** What the fields hold counts as saved. */
     void noteSaved();
-    /** Writes the fields into a record. */
-    void write(Event& quote) const;
+    /** Writes the fields into a record and saves it. Says so; a failure is logged alone. */
+    void save(Event& quote);
 
     int numberOfComponentsInPickerView(const PickerView& picker) const override;
     int numberOfRowsInComponent(const PickerView& picker, int component) const override;

@@ -141,12 +141,11 @@ TEST_F(AddQuote, ReturnsToTheScreenThatOpenedIt) {
     fill();
     form->SaveQuote();
     EXPECT_EQ(*segues, QStringList("unwindToMainList"));
-    EXPECT_TRUE(application.said.isEmpty());
     load("elsewhere");
     fill();
     form->SaveQuote();
     EXPECT_TRUE(segues->isEmpty());
-    EXPECT_EQ(application.said, QStringList("Saved"));
+    EXPECT_EQ(application.said, QStringList({"Saved", "Saved"}));
     EXPECT_EQ(form->SourceTextField->text(), "");
     EXPECT_EQ(application.all<Event>().size(), 2);
 }

@@ -164,7 +164,7 @@ TEST_F(Detail, ReturnsByTheScreenThatOpenedIt) {
     EXPECT_EQ(segueFor("TopicBreakdown"), QStringList("unwindToTopicTableView"));
     EXPECT_EQ(segueFor("SourceBreakdown"), QStringList("unwindToSourceTableView"));
     EXPECT_TRUE(detail->SaveButton->isEnabled());
-    EXPECT_TRUE(application.said.isEmpty());
+    EXPECT_EQ(application.said, QStringList({"Saved", "Saved"}));
 }
 
 TEST_F(Detail, IsSavedOnceWhereItStaysOnTheScreen) {
