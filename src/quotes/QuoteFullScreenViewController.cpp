@@ -6,6 +6,12 @@ QuoteFullScreenViewController::QuoteFullScreenViewController(AppDelegate& applic
     : QuoteTextView(new TextView(this, QStringLiteral("Quote")))
     , m_application(application) {}
 
+double QuoteFullScreenViewController::readingSize() const {
+    const UserDefaults& userDefaults = m_application.services.userDefaults;
+    const auto key = QStringLiteral("ReaderFontSize");
+    return userDefaults.object(key) ? userDefaults.doubleForKey(key) : 0;
+}
+
 void QuoteFullScreenViewController::viewDidLoad() {
     QuoteTextView->setText(m_application.services.selection.selectedQuoteText);
     noteSaved();

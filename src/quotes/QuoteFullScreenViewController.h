@@ -9,11 +9,15 @@ class QuoteFullScreenViewController : public ViewController {
     QML_ELEMENT
     QML_UNCREATABLE("Storyboards make controllers")
     Q_PROPERTY(TextView* QuoteTextView MEMBER QuoteTextView CONSTANT)
+    Q_PROPERTY(double readingSize READ readingSize CONSTANT)
 
 public:
     explicit QuoteFullScreenViewController(AppDelegate& application);
 
     TextView* const QuoteTextView;
+
+    /** In points; 0 while the user has chosen none. */
+    double readingSize() const;
 
     void viewDidLoad() override;
     void viewWillDisappear() override;

@@ -13,6 +13,10 @@ void Announcer::focus(QQuickItem* item) {
     QAccessible::updateAccessibility(&event);
 }
 
+bool Announcer::isHeard() {
+    return QAccessible::isActive();
+}
+
 void Announcer::say(QQuickItem* item, const QString& text) {
     if (!QAccessible::isActive() || !item || text.isEmpty())
         return;

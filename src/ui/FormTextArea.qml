@@ -15,6 +15,30 @@ FocusScope {
     property bool bare: false
     property bool named: !bare
     property real margin: 12
+    /** Room above the text. */
+    property real lead: 0
+    /** How far beside the text its scroll bar may stand. */
+    property real outside: 0
+    /** Whether a press begins the editing. */
+    property bool editsOnPress: true
+    property alias area: area
+    readonly property alias pageHeight: page.height
+
+    function scroll(points: real): void {
+        const end = Math.max(0, page.contentHeight - page.height);
+        page.contentY = Math.max(0, Math.min(page.contentY + points, end));
+    }
+
+    /** Moves the caret by a page. */
+    function turnPage(direction: int, selects: bool): void {
+        const caret = area.cursorRectangle;
+        const target = area.positionAt(caret.x, caret.y + caret.height / 2
+                                       + direction * (page.height - caret.height));
+        if (selects)
+            area.moveCursorSelection(target);
+        else
+            area.cursorPosition = target;
+    }
 
     /** How high the area is that shows all its text. */
     property real fullHeight: 0
@@ -98,16 +122,22 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
-        T.ScrollBar.vertical: PageScrollBar {}
+        T.ScrollBar.vertical: PageScrollBar {
+            parent: root.bare ? root : page
+            x: parent.width - width + root.outside
+            height: page.height
+        }
 
         T.TextArea.flickable: T.TextArea {
             id: area
 
             padding: root.margin
+            topPadding: root.margin + root.lead
+            activeFocusOnPress: root.editsOnPress
             bottomPadding: root.margin + root.control.bottomInset
             color: Theme.ink
             font.family: root.fontFamily !== "" ? root.fontFamily : name.font.family
-            font.pixelSize: Math.max(1, Math.min(Theme.scaled(root.fontSize), Theme.largestFont))
+            font.pixelSize: Math.min(Theme.scaled(Math.max(8, root.fontSize)), Theme.largestFont)
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
             onContentHeightChanged: measuring.start()
@@ -127,6 +157,12 @@ FocusScope {
             onActiveFocusChanged: if (activeFocus)
                 root.reveal(cursorPosition)
             Keys.onEscapePressed: root.control.endEditing()
+            Keys.onPressed: event => {
+                event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
+                if (event.accepted)
+                    root.turnPage(event.key === Qt.Key_PageUp ? -1 : 1,
+                                  event.modifiers & Qt.ShiftModifier);
+            }
             Keys.onMenuPressed: Editing.menuAsked(area, Qt.point(cursorRectangle.x,
                                                                  cursorRectangle.y))
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)

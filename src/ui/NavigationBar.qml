@@ -10,6 +10,9 @@ Item {
 
     required property NavigationController controller
 
+    /** The screen below wants the bar out of the way. */
+    property bool away: false
+
     /** Takes what a press does in the pane of a list that led to the top screen; else null. */
     property Gate gate: null
     /** Whether the bar is that of the pane beside such a list. */
@@ -60,8 +63,8 @@ Item {
 
     implicitHeight: lineHeight + (stacked ? Theme.touchTarget + 4 : 0)
                     + (prompt !== "" ? promptLine.height : 0)
-    height: (controller?.navigationBarHidden ?? true) ? 0 : implicitHeight
-    enabled: !(controller?.navigationBarHidden ?? true)
+    height: (controller?.navigationBarHidden ?? true) || away ? 0 : implicitHeight
+    enabled: !(controller?.navigationBarHidden ?? true) && !away
     visible: height > 0
     clip: true
 

@@ -171,6 +171,7 @@ FocusScope {
         width: parent.width - x
         beside: root.aside !== null
         controller: root.controller
+        away: (stack.currentItem as ReaderPage)?.barAway ?? false
     }
 
     T.StackView {

@@ -228,7 +228,15 @@ TEST_F(ReadingViews, LongNamesBeginInTheirFields) {
 TEST_F(ReadingViews, FullScreenHandsBackWhatWasEdited) {
     openDetail();
     pilot->tap(QStringLiteral("Full Screen"));
+    pilot->press(Qt::Key_X, Qt::ShiftModifier);
+    pilot->press(Qt::Key_Space);
+    EXPECT_EQ(shown("Quote"), QStringLiteral("First light")) << "keys scroll";
     pilot->tap(QStringLiteral("Quote"));
+    pilot->settle();
+    EXPECT_FALSE(pilot->look(QStringLiteral("Back")));
+    pilot->press(Qt::Key_Return);
+    pilot->settle();
+    EXPECT_TRUE(pilot->look(QStringLiteral("Back")));
     pilot->press(Qt::Key_End, Qt::ControlModifier);
     pilot->type(QStringLiteral(", then 世界"));
     pilot->press(Qt::Key_Escape);

@@ -43,6 +43,37 @@ TEST_F(Views, MenuShowsItsOptionsAndWorksByKeyboard) {
     EXPECT_EQ(top().title(), "Lantern");
 }
 
+TEST_F(Views, KeysPressWhatTheScreenInFrontHas) {
+    addQuote(QStringLiteral("Ann"), QStringLiteral("hate"), QStringLiteral("one"));
+    addQuote(QStringLiteral("Bob"), QStringLiteral("love"), QStringLiteral("two"));
+    pilot->press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_NO_THROW(top<AddViewController>());
+    pilot->press(Qt::Key_Left, Qt::AltModifier);
+    open("Quote List");
+    pilot->press(Qt::Key_F, Qt::ControlModifier);
+    pilot->type(QStringLiteral("love"));
+    pilot->press(Qt::Key_Down);
+    EXPECT_TRUE(pilot->hasFocus(QStringLiteral("Rows")));
+    pilot->press(Qt::Key_F10, Qt::ShiftModifier);
+    pilot->press(Qt::Key_Return);
+    EXPECT_EQ(quoteCount(), 1);
+    pilot->press(Qt::Key_Z, Qt::ControlModifier);
+    pilot->press(Qt::Key_Up);
+    EXPECT_TRUE(pilot->hasFocus(QStringLiteral("Search quotes")));
+    pilot->press(Qt::Key_Return);
+    EXPECT_EQ(top().title(), "Quote");
+    pilot->press(Qt::Key_F1);
+    EXPECT_TRUE(pilot->look(QStringLiteral("Keys")));
+    pilot->press(Qt::Key_Escape);
+    pilot->settle();
+    pilot->press(Qt::Key_Escape);
+    pilot->tap(*pilot->findAll(QStringLiteral("Topic: ")).at(0), Qt::BackButton);
+    EXPECT_EQ(top().title(), "Lantern");
+    open("Quotes by Group");
+    pilot->press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(top<TabBarController>().selectedIndex(), 1);
+}
+
 TEST_F(Views, EveryOptionOpensAScreenAndComesBack) {
     for (const char* option : {"Quote List", "Quotes by Topic", "Add New Quote", "Topics",
                                "Reference Lists", "Import", "Export", "Rate/Share", "Settings"}) {
