@@ -28,6 +28,8 @@ public:
     /** The newest day whose copy is whole. */
     std::optional<QString> newestWholeDay() const;
 
+    /** Whether the day's copy was made or tried since the start. */
+    bool isDoneOn(const QString& day) const { return day == m_lastDay; }
     /** Copies a store, once a day. What waits for the disk goes on when this returns, and older
      * copies go when the new one is there. A failure is logged. */
     void copyOnce(sqlite3* database, const QString& day);

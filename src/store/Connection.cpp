@@ -301,8 +301,11 @@ void StoreConnection::backUp() {
     constexpr auto holdsAnything = "SELECT EXISTS(SELECT 1 FROM event) OR EXISTS(SELECT 1 FROM "
                                    "authors) OR EXISTS(SELECT 1 FROM sources) OR EXISTS(SELECT 1 "
                                    "FROM topics)";
-    if (m_today && number(holdsAnything).value_or(0) != 0)
-        m_backups.copyOnce(m_database.get(), m_today());
+    if (!m_today)
+        return;
+    const QString day = m_today();
+    if (!m_backups.isDoneOn(day) && number(holdsAnything).value_or(0) != 0)
+        m_backups.copyOnce(m_database.get(), day);
 }
 
 void StoreConnection::noteFiles() {
