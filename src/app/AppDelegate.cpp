@@ -14,6 +14,7 @@ Q_DECLARE_LOGGING_CATEGORY(lcApp)
 namespace {
 
 constexpr double secondsToNextTry = 60;
+constexpr double secondsToFirstRest = 1; // when the first screen stands
 
 /** A store that is no longer there takes no later save either, whatever the screen makes of it. */
 void endIfLost(const std::optional<StoreError>& error) {
@@ -35,6 +36,8 @@ PersistentContainer& AppDelegate::persistentContainer() {
         m_persistentContainer = std::move(container);
         m_persistentContainer->viewContext().observeWriting(
             [this](const std::optional<StoreError>& error) { noteWriting(error); });
+        services.mainQueue.after(secondsToFirstRest,
+                                 [this] { m_persistentContainer->noteContents(); });
     }
     return *m_persistentContainer;
 }

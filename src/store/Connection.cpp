@@ -288,6 +288,7 @@ std::optional<StoreError> StoreConnection::transaction(const std::function<int()
     if (execute("BEGIN IMMEDIATE") == SQLITE_OK && work() == SQLITE_DONE &&
         execute("COMMIT") == SQLITE_OK) {
         noteFiles();
+        noteContents();
         return std::nullopt;
     }
     const auto failed = error(QStringLiteral("saved"));
@@ -311,9 +312,14 @@ void StoreConnection::backUp() {
 void StoreConnection::noteFiles() {
     const auto mark = markOf(m_path);
     if (mark != m_mark)
-        m_contents = contents();
+        m_contents.reset();
     m_mark = mark;
     m_logMark = markOf(log());
+}
+
+void StoreConnection::noteContents() {
+    if (!m_contents && markOf(m_path) == m_mark)
+        m_contents = contents();
 }
 
 // By SQLite's own handle: to close another would drop its lock.

@@ -78,6 +78,10 @@ public:
      * written; what the file held is copied, and the log does not stay beside what is there now. */
     std::optional<StoreError> findLoss();
 
+    /** Takes note of what the file holds, unless that is known, so that another time on it alone is
+     * no loss. Reads all of it. */
+    void noteContents();
+
     EntityStatements& statements(std::size_t entity) { return m_statements[entity]; }
 
     /** An id that no record of the entity has had while this connection was open. */
@@ -131,7 +135,7 @@ private:
     std::function<QString()> m_today;
     std::optional<FileMark> m_mark; // of the file and its log, as this connection left them
     std::optional<FileMark> m_logMark;
-    std::optional<std::size_t> m_contents; // of the file then
+    std::optional<std::size_t> m_contents; // of the file then; absent until noted
     std::optional<StoreError> m_loss;
     std::array<EntityStatements, entityCount> m_statements;
     std::array<std::int64_t, entityCount> m_lastIds{};

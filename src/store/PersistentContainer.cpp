@@ -27,3 +27,8 @@ std::optional<StoreError> PersistentContainer::loadPersistentStores() {
 std::optional<StoreError> PersistentContainer::findLoss() {
     return m_connection ? m_connection->findLoss() : std::nullopt;
 }
+
+void PersistentContainer::noteContents() {
+    if (m_connection)
+        m_connection->noteContents();
+}

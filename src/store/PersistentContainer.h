@@ -27,6 +27,10 @@ public:
     /** Whether another program has taken the store away, or written to it. */
     [[nodiscard]] std::optional<StoreError> findLoss();
 
+    /** To be called when there is time: from then on another time on the store's file is no loss.
+     */
+    void noteContents();
+
     ManagedObjectContext& viewContext() { return m_viewContext; }
 
 private:
