@@ -24,6 +24,7 @@ endif()
 # What stands in an attacker's way, as far as the compiler has it for this processor.
 if(NOT LANTERN_SANITIZE)
     include(CheckCXXCompilerFlag)
+    set(CMAKE_REQUIRED_FLAGS -Werror) # for those that it merely takes
     foreach(flag IN ITEMS -fstack-protector-strong -fstack-clash-protection
                           -fcf-protection=full -mbranch-protection=standard)
         string(MAKE_C_IDENTIFIER "knows${flag}" known)
@@ -32,6 +33,7 @@ if(NOT LANTERN_SANITIZE)
             add_compile_options(${flag})
         endif()
     endforeach()
+    unset(CMAKE_REQUIRED_FLAGS)
     if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
         add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
     endif()
