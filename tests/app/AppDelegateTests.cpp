@@ -53,6 +53,7 @@ TEST(AppDelegate, SaysWhatIsNotOnDiskUntilItIs) {
     QStringList said;
     application.delegate.notOnDiskChanged = [&](const QString& text) { said.append(text); };
     application.context();
+    application.mainQueue.runAll();
     rlimit unlimited{};
     ::getrlimit(RLIMIT_FSIZE, &unlimited);
     const rlimit limited{1000, unlimited.rlim_max};

@@ -94,6 +94,7 @@ TEST_F(Export, PostsItsProgressThenTheSpinnersEndThenTheAlert) {
         application.addQuote({.author = author, .source = "S"});
     addTopic(QStringLiteral("T"));
     screen->ProgressView->setProgress(0.9, false);
+    application.mainQueue.runAll();
     screen->ExportButton->press();
 
     // All is done before the first step runs.

@@ -246,6 +246,7 @@ TEST_F(Detail, SharesAndPrintsWhatTheFieldsHold) {
 TEST_F(Detail, CannotShareWithoutTextMessages) {
     application.platform.sendsText = false;
     open();
+    application.mainQueue.runAll();
     detail->ShareButtonTapped();
     EXPECT_EQ(detail->presentedViewController(), nullptr);
     ASSERT_EQ(application.mainQueue.waiting.size(), 1);
