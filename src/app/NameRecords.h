@@ -1,8 +1,7 @@
 #pragma once
 
-#include "store/ManagedObjectContext.h"
+#include "app/FetchOrLog.h"
 
-#include <QLoggingCategory>
 #include <QStringList>
 
 Q_DECLARE_LOGGING_CATEGORY(lcApp)
@@ -18,9 +17,7 @@ void insertNames(ManagedObjectContext& context, const QStringList& names) {
     SaveGroup group(context);
     for (const QString& name : names) {
         context.insert<Record>()->setName(name);
-        if (const auto error = context.save())
-            qCWarning(lcApp) << error->description;
+        logError(context.save(), lcApp);
     }
-    if (const auto error = group.finish())
-        qCWarning(lcApp) << error->description;
+    logError(group.finish(), lcApp);
 }

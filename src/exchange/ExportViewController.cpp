@@ -1,8 +1,7 @@
 #include "ExportViewController.h"
 
 #include "app/Outcomes.h"
-#include "app/SortedRecords.h"
-#include "exchange/CollectionFile.h"
+#include "exchange/Collection.h"
 #include "foundation/FatalError.h"
 #include "foundation/Files.h"
 #include "shared/CommonLook.h"
@@ -60,55 +59,27 @@ void ExportViewController::CreateUpdateFile() {
     activityIndicator->startAnimating();
     ExportButton->setEnabled(false);
     ExportTextView->setText(QString());
-    buildQuoteSection();
-    buildTopicSection();
-    m_application.services.mainQueue.after(0.0001, [screen = QPointer(this)] {
-        if (screen)
-            screen->activityIndicator->stopAnimating();
-    });
-}
-
-void ExportViewController::buildQuoteSection() {
+    ProgressView->setProgress(0, false);
+    progress.completedUnitCount = 0;
     managedObjectContext = &m_application.persistentContainer().viewContext();
-    theEventList = sortedRecords<Event>(
-        *managedObjectContext,
-        {{Event::Keys::author, true}, {Event::Keys::category, true}, {Event::Keys::source, true}});
-    resetOutput();
-    DataString = quoteSectionMarker.toUtf8() + '\n';
-    for (const Event* quote : theEventList) {
-        appendLine(*DataString, *quote);
-        postProgress(1);
-    }
-}
-
-void ExportViewController::buildTopicSection() {
-    managedObjectContext = &m_application.persistentContainer().viewContext();
-    theTopicList = sortedRecords<Topics>(*managedObjectContext, {{Topics::Keys::topic, true}});
-    resetOutput();
-    *DataString += topicSectionMarker.toUtf8() + '\n';
-    for (const Topics* topic : theTopicList) {
-        appendLine(*DataString, *topic);
-        postProgress(0); // topics are too few to move the bar
-    }
-    const QString text = QString::fromUtf8(*DataString);
-    // Bytes of a damaged store would have the whole file taken for another encoding.
-    if (text.contains(QChar::ReplacementCharacter))
-        DataString = text.toUtf8();
-    ExportTextView->setText(text);
+    // Topics are too few to move the bar.
+    Exported exported = exportCollection(
+        *managedObjectContext, [this] { postProgress(1); }, [this] { postProgress(0); });
+    theEventList = std::move(exported.quotes);
+    theTopicList = std::move(exported.topics);
+    DataString = std::move(exported.file);
+    ExportTextView->setText(exported.text);
     EmailButton->setEnabled(true);
     SaveButton->setEnabled(true);
-    ExportButton->setEnabled(false);
     m_application.services.mainQueue.after(1, [screen = QPointer(this)] {
         if (screen)
             presentAlert(*screen, QStringLiteral("Data Export File"),
                          QStringLiteral("Process Complete - File Ready to Save To Files or Email"));
     });
-}
-
-void ExportViewController::resetOutput() {
-    ExportTextView->setText(QString());
-    ProgressView->setProgress(0, false);
-    progress.completedUnitCount = 0;
+    m_application.services.mainQueue.after(0.0001, [screen = QPointer(this)] {
+        if (screen)
+            screen->activityIndicator->stopAnimating();
+    });
 }
 
 void ExportViewController::postProgress(int units) {

@@ -47,10 +47,6 @@ public:
     void WriteTextFile();
 
 private:
-    void buildQuoteSection();
-    void buildTopicSection();
-    /** Empties the text and the bar, which both sections start with. */
-    void resetOutput();
     /** Has the main queue count so many more units of progress, and show them. */
     void postProgress(int units);
     QString filePath() const;

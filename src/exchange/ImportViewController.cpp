@@ -1,5 +1,6 @@
 #include "ImportViewController.h"
 
+#include "exchange/Collection.h"
 #include "foundation/FatalError.h"
 #include "foundation/TextFile.h"
 #include "shared/CommonLook.h"
@@ -8,9 +9,8 @@
 #include "toolkit/DocumentPickerViewController.h"
 
 #include <QLoggingCategory>
-#include <QSet>
 
-Q_LOGGING_CATEGORY(lcExchange, "lantern.exchange")
+Q_DECLARE_LOGGING_CATEGORY(lcExchange)
 
 ImportViewController::ImportViewController(AppDelegate& application)
     : ImportButton(new Button(this, QStringLiteral("Import File")))
@@ -38,15 +38,7 @@ void ImportViewController::viewDidLoad() {
     WhichSection = QStringLiteral("[QUOTECOLLECTION]");
 
     managedObjectContext = &m_application.persistentContainer().viewContext();
-    auto request = Topics::fetchRequest();
-    request.sortDescriptors = {{Topics::Keys::topic, true}};
-    const auto topics = managedObjectContext->fetch(request);
-    if (topics.error)
-        qCWarning(lcExchange) << topics.error->description;
-    for (const Topics* topic : topics.records) {
-        if (const auto name = topic->topic())
-            TopicList.append(trimmedOfBlanks(*name));
-    }
+    TopicList = topicNames(*managedObjectContext);
 }
 
 void ImportViewController::LoadFile() {
@@ -81,90 +73,21 @@ void ImportViewController::ImportTextFile() {
     if (!document)
         fatalError(QStringLiteral("An import was started before a file was loaded"));
     managedObjectContext = &m_application.persistentContainer().viewContext();
-    SaveGroup group(*managedObjectContext);
-    importQuotes();
-    importTopics();
-    if (const auto error = group.finish())
-        qCWarning(lcExchange) << error->description;
-    report();
-}
-
-void ImportViewController::importQuotes() {
-    wrongFile = !readQuoteLines(*document, [this](const QuoteLine& line) { importQuote(line); });
-}
-
-void ImportViewController::importQuote(const QuoteLine& line) {
-    theAuthor = line.author;
-    theCategory = line.topic;
-    theSource = line.source;
-    if (line.topic.isEmpty())
-        return;
-    auto request = Event::fetchRequest();
-    request.predicate = Event::Keys::author == line.author && Event::Keys::category == line.topic &&
-                        Event::Keys::source == line.source;
-    auto found = managedObjectContext->fetch(request);
-    if (found.error)
-        qCWarning(lcExchange) << found.error->description;
-    results = std::move(found.records);
-    resultCount = qsizetype(results.size());
-    if (resultCount > 1)
-        return;
-
-    // Read before the record is touched, so that a line that ends the program leaves no half quote.
-    std::optional<Date> timestamp;
-    if (!line.date.isEmpty()) {
-        timestamp = readDate(line.date, m_application.services.environment);
-        if (!timestamp)
-            fatalError(QStringLiteral("Line %1 of %2 has a date that cannot be read: \"%3\"")
-                           .arg(line.number)
-                           .arg(filename.value_or(QString()), line.date.left(100)));
+    auto imported =
+        importCollection(*managedObjectContext, *document, TopicList, filename.value_or(QString()),
+                         m_application.services.environment);
+    wrongFile = !imported.isCollection;
+    if (imported.line) {
+        theAuthor = imported.line->author;
+        theCategory = imported.line->topic;
+        theSource = imported.line->source;
     }
-    Event& quote = resultCount == 1 ? *results.front() : *managedObjectContext->insert<Event>();
-    if (!line.author.isEmpty())
-        quote.setAuthor(line.author);
-    quote.setCategory(line.topic);
-    if (!line.source.isEmpty())
-        quote.setSource(line.source);
-    if (timestamp)
-        quote.setTimestamp(timestamp);
-    if (!line.quote.isEmpty())
-        quote.setQuote(line.quote);
-    if (resultCount == 0)
-        save();
-}
-
-void ImportViewController::importTopics() {
-    if (wrongFile.value_or(true))
-        return;
-    const QSet<QString> known(TopicList.cbegin(), TopicList.cend());
-    readTopicNames(*document, [&](const QString& name) {
-        theTopic = name;
-        if (known.contains(name)) {
-            updateTopic();
-            return;
-        }
-        managedObjectContext->insert<Topics>()->setTopic(name);
-        save();
-    });
-}
-
-void ImportViewController::updateTopic() {
-    auto request = Topics::fetchRequest();
-    request.predicate = Topics::Keys::topic == *theTopic;
-    auto found = managedObjectContext->fetch(request);
-    if (found.error)
-        qCWarning(lcExchange) << found.error->description;
-    topicResults = std::move(found.records);
+    results = std::move(imported.quotes);
+    resultCount = qsizetype(results.size());
+    theTopic = imported.topic;
+    topicResults = std::move(imported.topics);
     topicCount = qsizetype(topicResults.size());
-    if (topicResults.empty())
-        fatalError(
-            QStringLiteral("The topic \"%1\" is stored only with blanks around it").arg(*theTopic));
-    topicResults.front()->setTopic(theTopic);
-}
-
-void ImportViewController::save() {
-    if (const auto error = managedObjectContext->save())
-        qCWarning(lcExchange) << error->description;
+    report();
 }
 
 void ImportViewController::report() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/AppDelegate.h"
-#include "exchange/CollectionFile.h"
 #include "store/Records.h"
 #include "toolkit/Button.h"
 #include "toolkit/TextInput.h"
@@ -53,11 +52,6 @@ public:
     void documentPickerWasCancelled() {}
 
 private:
-    void importQuotes();
-    void importQuote(const QuoteLine& line);
-    void importTopics();
-    void updateTopic();
-    void save();
     void report();
 
     AppDelegate& m_application;

@@ -1,5 +1,6 @@
 #include "PrintQuoteViewController.h"
 
+#include "app/FetchOrLog.h"
 #include "app/Outcomes.h"
 #include "app/TextSharing.h"
 #include "shared/CommonLook.h"
@@ -107,10 +108,7 @@ void PrintQuoteViewController::viewDidLoad() {
     request.returnsObjectsAsFaults = false;
     request.predicate = group->key == selection.*group->name;
     request.sortDescriptors = {{group->order, true}};
-    auto result = managedObjectContext->fetch(request);
-    if (result.error)
-        qCWarning(lcExchange) << result.error->description;
-    QuoteList = std::move(result.records);
+    QuoteList = fetchOrLog(*managedObjectContext, request, lcExchange);
 }
 
 void PrintQuoteViewController::viewDidDisappear() {

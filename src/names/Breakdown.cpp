@@ -1,5 +1,6 @@
 #include "Breakdown.h"
 
+#include "app/FetchOrLog.h"
 #include "foundation/FatalError.h"
 #include "quotes/ChosenQuote.h"
 #include "quotes/DetailViewController.h"
@@ -68,10 +69,7 @@ void Breakdown::refresh() {
                                    {m_kind.segmentFields.at(1 - index), ascending}};
     }
     request.predicate = m_kind.field == group();
-    auto result = context.fetch(request);
-    if (result.error)
-        qCWarning(lcNames) << result.error->description;
-    QuoteList = std::move(result.records);
+    QuoteList = fetchOrLog(context, request, lcNames);
     m_screen.tableView()->reloadData();
 }
 

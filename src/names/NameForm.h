@@ -1,13 +1,12 @@
 #pragma once
 
+#include "app/FetchOrLog.h"
 #include "names/NameRecordList.h"
 #include "toolkit/AlertController.h"
 #include "toolkit/TextInput.h"
 
 #include <optional>
 #include <vector>
-
-Q_DECLARE_LOGGING_CATEGORY(lcNames)
 
 /** Whether a name is entered; says in an alert when none is. A name of blanks is one. */
 template <class Record>

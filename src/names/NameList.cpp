@@ -1,5 +1,6 @@
 #include "NameList.h"
 
+#include "app/FetchOrLog.h"
 #include "foundation/FatalError.h"
 #include "shared/CommonLook.h"
 #include "shared/Screens.h"
@@ -55,10 +56,7 @@ void NameList::load() {
     auto request = Event::fetchRequest();
     request.returnsObjectsAsFaults = false;
     request.sortDescriptors = {{m_kind.field, true}};
-    auto result = m_application.persistentContainer().viewContext().fetch(request);
-    if (result.error)
-        qCWarning(lcNames) << result.error->description;
-    QuoteList = std::move(result.records);
+    QuoteList = fetchOrLog(m_application.persistentContainer().viewContext(), request, lcNames);
     numberOfQuotes = std::int64_t(QuoteList.size());
 
     QStringList current = distinctNames(QuoteList, m_kind.field);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "app/FetchOrLog.h"
 #include "app/NameRecords.h"
-#include "app/SortedRecords.h"
 #include "app/Undo.h"
 #include "foundation/FatalError.h"
 #include "names/NameKind.h"
@@ -11,6 +11,8 @@
 
 #include <type_traits>
 #include <vector>
+
+Q_DECLARE_LOGGING_CATEGORY(lcNames)
 
 /** A count over the rows, on a grey ground. */
 Label* makeCountHeader(const QString& caption, std::size_t count);
@@ -59,7 +61,7 @@ public:
 
     void load() {
         managedObjectContext = &context;
-        records = sortedRecords<Record>(context, {{NameKind<Record>::name, true}});
+        records = sortedRecords<Record>(context, {{NameKind<Record>::name, true}}, lcNames);
         if constexpr (std::is_same_v<Record, Sources>) {
             presentNames.clear();
             for (const Record* record : records) {

@@ -1,5 +1,6 @@
 #include "TopicTableTableViewController.h"
 
+#include "app/FetchOrLog.h"
 #include "names/NameRecordList.h"
 
 TopicTableTableViewController::TopicTableTableViewController(AppDelegate& application)
@@ -106,7 +107,8 @@ void TopicTableTableViewController::controllerDidChangeContent() {
 
 void TopicTableTableViewController::load() {
     managedObjectContext = &m_application.persistentContainer().viewContext();
-    TopicList = sortedRecords<Topics>(*managedObjectContext, {{Topics::Keys::topic, true}});
+    TopicList =
+        sortedRecords<Topics>(*managedObjectContext, {{Topics::Keys::topic, true}}, lcNames);
     tableView()->reloadData();
 }
 

@@ -1,5 +1,6 @@
 #include "AddViewController.h"
 
+#include "app/FetchOrLog.h"
 #include "shared/CommonLook.h"
 #include "shared/Screens.h"
 

@@ -1,5 +1,6 @@
 #include "DetailViewController.h"
 
+#include "app/FetchOrLog.h"
 #include "app/Outcomes.h"
 #include "app/TextSharing.h"
 #include "foundation/FatalError.h"
@@ -266,13 +267,11 @@ std::vector<Event*> DetailViewController::recordsOfKey() const {
     request.predicate = Event::Keys::timestamp == *m_key.date &&
                         Event::Keys::source == m_key.source &&
                         Event::Keys::category == m_key.topic && Event::Keys::author == m_key.author;
-    auto found = m_application.persistentContainer().viewContext().fetch(request);
-    if (found.error)
-        qCWarning(lcQuotes) << found.error->description;
-    std::ranges::stable_partition(found.records, [this](const Event* quote) {
+    auto found = fetchOrLog(m_application.persistentContainer().viewContext(), request, lcQuotes);
+    std::ranges::stable_partition(found, [this](const Event* quote) {
         return quote->quote().value_or(QString()) == m_openedQuoteText;
     });
-    return std::move(found.records);
+    return found;
 }
 
 bool DetailViewController::returnToOpener() {

@@ -1,5 +1,6 @@
 #include "MasterViewController.h"
 
+#include "app/FetchOrLog.h"
 #include "app/Undo.h"
 #include "foundation/FatalError.h"
 #include "quotes/MasterTableViewCell.h"
@@ -196,15 +197,11 @@ void MasterViewController::commitEditingStyle(EditingStyle style, int row) {
 }
 
 void MasterViewController::refresh() {
-    QuoteList.clear();
     auto request = Event::fetchRequest();
     request.returnsObjectsAsFaults = false;
     if (SortAsc)
         request.sortDescriptors = sortDescriptors(segment->selectedIndex(), *SortAsc);
-    auto result = m_application.persistentContainer().viewContext().fetch(request);
-    if (result.error)
-        qCWarning(lcQuotes) << result.error->description;
-    QuoteList = std::move(result.records);
+    QuoteList = fetchOrLog(m_application.persistentContainer().viewContext(), request, lcQuotes);
     tableView()->reloadData();
 }
 

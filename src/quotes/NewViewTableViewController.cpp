@@ -1,5 +1,6 @@
 #include "NewViewTableViewController.h"
 
+#include "app/FetchOrLog.h"
 #include "foundation/FatalError.h"
 #include "quotes/ChosenQuote.h"
 #include "shared/CommonLook.h"
@@ -16,10 +17,8 @@ void NewViewTableViewController::viewDidLoad() {
     auto request = Event::fetchRequest();
     request.returnsObjectsAsFaults = false;
     request.sortDescriptors = {{Event::Keys::category, true}};
-    auto result = m_application.persistentContainer().viewContext().fetch(request);
-    if (result.error)
-        qCWarning(lcQuotes) << result.error->description;
-    unfilteredEvent = std::move(result.records);
+    unfilteredEvent =
+        fetchOrLog(m_application.persistentContainer().viewContext(), request, lcQuotes);
     tableView()->reloadData();
 }
 

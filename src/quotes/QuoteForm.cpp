@@ -1,6 +1,6 @@
 #include "QuoteForm.h"
 
-#include "app/SortedRecords.h"
+#include "app/FetchOrLog.h"
 #include "shared/CommonLook.h"
 #include "toolkit/AlertController.h"
 
@@ -58,14 +58,14 @@ void QuoteForm::styleFields() {
 
 void QuoteForm::fetchTopics() {
     TopicList = sortedRecords<Topics>(m_application.persistentContainer().viewContext(),
-                                      {{Topics::Keys::topic, true}});
+                                      {{Topics::Keys::topic, true}}, lcQuotes);
     TopicPickerView->reloadAllComponents();
 }
 
 void QuoteForm::fetchSourcesAndAuthors() {
     ManagedObjectContext& context = m_application.persistentContainer().viewContext();
-    SourceList = sortedRecords<Sources>(context, {{Sources::Keys::name, true}});
-    AuthorList = sortedRecords<Authors>(context, {{Authors::Keys::name, true}});
+    SourceList = sortedRecords<Sources>(context, {{Sources::Keys::name, true}}, lcQuotes);
+    AuthorList = sortedRecords<Authors>(context, {{Authors::Keys::name, true}}, lcQuotes);
     SourcePickerView->reloadAllComponents();
     AuthorPickerView->reloadAllComponents();
 }

@@ -1,9 +1,8 @@
-#include "exchange/ImportViewController.h"
+#include "exchange/Collection.h"
 #include "exchange/UnsavedChanges.h"
+#include "foundation/TextFile.h"
 #include "support/TestApplication.h"
 #include "support/TestFiles.h"
-
-#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -37,10 +36,8 @@ TEST(UnsavedChanges, AreKeptInAFileThatImportReads) {
     EXPECT_TRUE(keep(folder).contains(QStringLiteral("2021-03-01 (2).csv")));
 
     TestApplication other;
-    ImportViewController screen(other.delegate);
-    screen.viewDidLoad();
-    screen.didPickDocumentAtURL(QUrl::fromLocalFile(path));
-    screen.ImportTextFile();
+    importCollection(other.context(), std::get<QString>(readTextFile(path)), {}, path,
+                     other.environment);
     ASSERT_EQ(other.all<Event>().size(), 1U);
     EXPECT_EQ(other.all<Event>().front()->quote(), QStringLiteral("two\nlines"));
     EXPECT_EQ(other.all<Event>().front()->source(), std::nullopt);

@@ -1,4 +1,4 @@
-#include "exchange/ImportViewController.h"
+#include "exchange/Collection.h"
 #include "names/RecordLists.h"
 #include "names/TopicTableTableViewController.h"
 #include "quotes/DetailViewController.h"
@@ -8,7 +8,6 @@
 #include "reliability/StoreContents.h"
 #include "support/TestApplication.h"
 
-#include <QFile>
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -54,18 +53,13 @@ void addInOneGroup(AppDelegate& program) {
 }
 
 void importFile(AppDelegate& program) {
-    const QString path = program.services.storeFolder + QStringLiteral("/../Quotes.csv");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.write("[QUOTECOLLECTION]\n"
-               "A^T^source 1^2021-03-07 14:05:09 +0000^an update\n"
-               "B^U^new^^a new one@#@on two lines\n"
-               "[TOPICCOLLECTION]\nU\n");
-    file.close();
-    ImportViewController screen(program);
-    screen.viewDidLoad();
-    screen.didPickDocumentAtURL(QUrl::fromLocalFile(path));
-    screen.ImportTextFile();
+    auto& context = program.persistentContainer().viewContext();
+    importCollection(context,
+                     QStringLiteral("[QUOTECOLLECTION]\n"
+                                    "A^T^source 1^2021-03-07 14:05:09 +0000^an update\n"
+                                    "B^U^new^^a new one@#@on two lines\n"
+                                    "[TOPICCOLLECTION]\nU\n"),
+                     topicNames(context), QString(), program.services.environment);
 }
 
 void addTopic(AppDelegate& program) {

@@ -1,7 +1,7 @@
 #include "app/MainMenuViewController.h"
 #include "exchange/CollectionFile.h"
+#include "exchange/Collection.h"
 #include "exchange/ExportViewController.h"
-#include "exchange/ImportViewController.h"
 #include "foundation/Files.h"
 #include "names/RecordLists.h"
 #include "names/TopicTableTableViewController.h"
@@ -346,16 +346,8 @@ private:
         if (action.updated != 0)
             addLine(action.updated, m_model.quotes[action.updated] + 1);
         text += QStringLiteral("[TOPICCOLLECTION]\n%1\n").arg(importedTopic(action.quote));
-
-        const QString path = m_folder + QStringLiteral("/import.csv");
-        QFile file(path);
-        if (!file.open(QFile::WriteOnly) || file.write(text.toUtf8()) < 0)
-            ::_exit(EXIT_FAILURE);
-        file.close();
-        ImportViewController screen(*m_program);
-        screen.viewDidLoad();
-        screen.didPickDocumentAtURL(QUrl::fromLocalFile(path));
-        screen.ImportTextFile();
+        auto& context = m_program->persistentContainer().viewContext();
+        importCollection(context, text, topicNames(context), QString(), m_services.environment);
     }
 
     void exportAll() {
