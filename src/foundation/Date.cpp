@@ -154,6 +154,17 @@ std::optional<LocalTime> parse(const QString& text, const icu::DateFormat& forma
     return time;
 }
 
+/** A number in ASCII digits; -1 for anything else. */
+int number(QStringView digits) {
+    int value = 0;
+    for (const QChar digit : digits) {
+        if (digit < u'0' || digit > u'9')
+            return -1;
+        value = 10 * value + (digit.unicode() - u'0');
+    }
+    return value;
+}
+
 } // namespace
 
 QString formatDate(Date date, DateStyle style, const Environment& environment) {
@@ -180,6 +191,37 @@ QString formatUtc(Date date) {
     write(14, unsigned(time.minutes().count()));
     write(17, unsigned(time.seconds().count()));
     return year >= 0 && year <= 9999 ? text : text.replace(0, 4, QString::asprintf("%04d", year));
+}
+
+std::optional<WallTime> readPlainDate(QStringView text) {
+    using namespace std::chrono;
+    if (text.endsWith(utcOffset))
+        text.chop(utcOffset.size());
+    constexpr qsizetype afterYear = 15;
+    const qsizetype yearLength = text.size() - afterYear;
+    if (yearLength < 4 || yearLength > 5)
+        return std::nullopt;
+    const QStringView yearText = text.first(yearLength);
+    text = text.sliced(yearLength);
+    if ((text[0] != u'-' && text[0] != u'.') || text[3] != text[0] || text[6] != u' ' ||
+        text[9] != u':' || text[12] != u':')
+        return std::nullopt;
+    // What is local time in the years 1 to 9999 may be in the one before or after in UTC.
+    const int year = number(yearText);
+    const int month = number(text.sliced(1, 2));
+    const int day = number(text.sliced(4, 2));
+    const int hour = number(text.sliced(7, 2));
+    const int minute = number(text.sliced(10, 2));
+    const int second = number(text.sliced(13, 2));
+    const bool isReal = year >= 0 && year <= 10000 && month > 0 && day > 0 &&
+                        year_month_day(std::chrono::year(year), std::chrono::month(unsigned(month)),
+                                       std::chrono::day(unsigned(day)))
+                            .ok() &&
+                        hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 &&
+                        second < 60;
+    if (!isReal)
+        return std::nullopt;
+    return WallTime{year, month, day, hours(hour) + minutes(minute) + seconds(second)};
 }
 
 std::optional<Date> parseDate(const QString& text, DateStyle style,

@@ -19,6 +19,23 @@ QString formatDate(Date date, DateStyle style, const Environment& environment);
 /** A moment in UTC to the second, whatever the place and language: "2021-03-07 14:05:09 +0000". */
 QString formatUtc(Date date);
 
+/** What stands at the end of such a moment. */
+inline constexpr QStringView utcOffset = u" +0000";
+
+/** A day of the Gregorian calendar and a time of day, as a clock on the wall shows them. */
+struct WallTime {
+    int year = 1970;
+    int month = 1; ///< 1 to 12
+    int day = 1;
+    std::chrono::milliseconds timeOfDay{0};
+
+    bool operator==(const WallTime&) const = default;
+};
+
+/** A time as formatUtc writes it, with or without its offset, with hyphens or dots, and exactly so;
+ * nothing for what needs a closer look. */
+std::optional<WallTime> readPlainDate(QStringView text);
+
 /** The moment at which the shown day starts in the environment's time zone; nothing when the
  * text is not wholly a date of that style and locale. A month's name may be long or short. */
 std::optional<Date> parseDate(const QString& text, DateStyle style, const Environment& environment);
@@ -32,16 +49,6 @@ std::optional<Date> parseDate(const QString& text, DateStyle style, const Enviro
  */
 std::optional<Date> parseDatePattern(const QString& text, const QString& pattern,
                                      const Environment& environment);
-
-/** A day of the Gregorian calendar and a time of day, as a clock on the wall shows them. */
-struct WallTime {
-    int year = 1970;
-    int month = 1; ///< 1 to 12
-    int day = 1;
-    std::chrono::milliseconds timeOfDay{0};
-
-    bool operator==(const WallTime&) const = default;
-};
 
 WallTime wallTime(Date date, const Environment& environment);
 

@@ -1,6 +1,6 @@
 #include "app/MainMenuViewController.h"
-#include "exchange/CollectionFile.h"
 #include "exchange/Collection.h"
+#include "exchange/CollectionFile.h"
 #include "exchange/ExportViewController.h"
 #include "foundation/Files.h"
 #include "names/RecordLists.h"
