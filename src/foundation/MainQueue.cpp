@@ -15,7 +15,7 @@ void EventLoopMainQueue::async(std::function<void()> work) {
 void EventLoopMainQueue::after(double seconds, std::function<void()> work) {
     const auto delay = std::chrono::duration_cast<std::chrono::milliseconds>(
         std::chrono::duration<double>(seconds));
-    QTimer::singleShot(delay, std::move(work));
+    QTimer::singleShot(delay, &m_event, std::move(work));
 }
 
 void EventLoopMainQueue::runAll() {

@@ -13,7 +13,7 @@ public:
     virtual void after(double seconds, std::function<void()> work) = 0;
 };
 
-/** The main queue of a running program: Qt's event loop. */
+/** The main queue of a running program: Qt's event loop. What waits when it goes is not done. */
 class EventLoopMainQueue final : public MainQueue {
 public:
     void async(std::function<void()> work) override;
@@ -24,5 +24,5 @@ private:
 
     // One event for all of it: the loop takes far longer over an event than most work does.
     std::vector<std::function<void()>> m_waiting;
-    QObject m_event; // which goes with this
+    QObject m_event; // of what waits, which goes with this
 };

@@ -1,5 +1,6 @@
 #include "foundation/MainQueue.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 
@@ -26,6 +27,17 @@ TEST(MainQueue, RunsManyStepsSoonAndInOrder) {
     std::iota(expected.begin(), expected.end(), 0);
     EXPECT_TRUE(order == expected);
     EXPECT_LT(time.elapsed(), 5000);
+}
+
+TEST(MainQueue, TakesWhatWaitsWithIt) {
+    int ran = 0;
+    {
+        EventLoopMainQueue queue;
+        queue.after(0, [&ran] { ++ran; });
+        queue.async([&ran] { ++ran; });
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ran, 0);
 }
 
 } // namespace
