@@ -82,8 +82,8 @@ class Application {
 public:
     explicit Application(const QString& storeFolder)
         : userDefaults(storeFolder + QStringLiteral("/Lantern.ini"))
-        , delegate(Services{environment, userDefaults, mainQueue, keyboard, notes, platform,
-                            classes, selection, storeFolder, storeFolder}) {}
+        , delegate(Services{environment, userDefaults, mainQueue, keyboard, notes, longWork,
+                            platform, classes, selection, storeFolder, storeFolder}) {}
 
     Environment environment{[] { return Date(1'614'600'000'000ms); }, QStringLiteral("en_US"),
                             QStringLiteral("UTC"), SystemVersion{17, 0}};
@@ -91,6 +91,7 @@ public:
     EventLoopMainQueue mainQueue;
     Keyboard keyboard;
     Notes notes;
+    LongWork longWork{mainQueue};
     FakePlatform platform;
     ClassRuntime classes;
     SelectionValues selection;

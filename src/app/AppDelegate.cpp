@@ -87,6 +87,7 @@ bool AppDelegate::didFinishLaunchingWithOptions() {
 }
 
 void AppDelegate::applicationWillTerminate() {
+    services.longWork.cancel(); // or half of it would be saved
     saveContext();
     if (m_persistentContainer)
         endIfLost(m_persistentContainer->findLoss());

@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "shared/SelectionValues.h"
 #include "toolkit/Keyboard.h"
+#include "toolkit/LongWork.h"
 #include "toolkit/Notes.h"
 
 #include <QString>
@@ -18,6 +19,7 @@ struct Services {
     MainQueue& mainQueue;
     Keyboard& keyboard;
     Notes& notes;
+    LongWork& longWork;
     Platform& platform;
     ClassRuntime& classes;
     SelectionValues& selection;

@@ -10,7 +10,8 @@ void shareText(ViewController& screen, AppDelegate& application, const QString& 
                std::vector<ActivityType> excluded) {
     Platform& platform = application.services.platform;
     if (platform.canSendText()) {
-        screen.present(makeActivityViewController(platform, {text}, tellOn(screen, application),
+        screen.present(makeActivityViewController(platform, application.services.longWork, {text},
+                                                  tellOn(screen, application),
                                                   std::move(excluded)));
         return;
     }

@@ -99,7 +99,8 @@ void ExportViewController::SaveToFiles() {
     if (const auto failure = writeTemporaryFile(path, *DataString))
         qCWarning(lcExchange) << failure->description;
     present(makeActivityViewController(
-        m_application.services.platform, {SharedFile{path}}, tellOn(*this, m_application),
+        m_application.services.platform, m_application.services.longWork, {SharedFile{path}},
+        tellOn(*this, m_application),
         {ActivityType::AirDrop, ActivityType::AddToReadingList, ActivityType::Mail,
          ActivityType::Message, ActivityType::PostToFacebook, ActivityType::PostToTwitter,
          ActivityType::MarkupAsPDF, ActivityType::CopyToPasteboard, ActivityType::Print}));

@@ -133,7 +133,8 @@ void PrintQuoteViewController::EmailFileClick() {
     PrintJob job;
     job.markup = QString(text).replace(u'\n', QStringLiteral("<br />"));
     job.jobName = QStringLiteral("Quotes");
-    m_application.services.platform.print(job, tellOn(*this, m_application));
+    m_application.services.platform.print(job, m_application.services.longWork,
+                                          tellOn(*this, m_application));
 }
 
 void PrintQuoteViewController::shareButtonClicked() {

@@ -80,8 +80,8 @@ void RateShareTableViewController::open(const QUrl& address) {
 void RateShareTableViewController::share(std::vector<ActivityItem> items) {
     Platform& platform = m_application.services.platform;
     if (platform.canSendText())
-        present(
-            makeActivityViewController(platform, std::move(items), tellOn(*this, m_application)));
+        present(makeActivityViewController(platform, m_application.services.longWork,
+                                           std::move(items), tellOn(*this, m_application)));
     else
         presentAlert(*this, QStringLiteral("Can't Send Text Message"),
                      QStringLiteral("Your Device is not able to send text messages."));

@@ -31,18 +31,44 @@ bool hasHandler(const char* scheme) {
     return true;
 }
 
-Outcome printOn(QPrinter& printer, const PrintJob& job) {
-    if (printer.outputFormat() == QPrinter::PdfFormat) {
-        const QString path = printer.outputFileName();
-        const auto failure = printToPdf(job, path, printer.pageLayout(), printer.pageRanges());
-        return failure ? Outcome{Outcome::Failed, failure->description}
-                       : Outcome{Outcome::Done, QStringLiteral("PDF written to %1").arg(path)};
+/** What prints a job in steps, and tells in the end what has come of it. */
+struct Printing {
+    LongWork::Step step;
+    std::function<Outcome()> end;
+};
+
+Printing printingOn(const std::shared_ptr<QPrinter>& printer, const PrintJob& job) {
+    if (printer->outputFormat() == QPrinter::PdfFormat) {
+        const QString path = printer->outputFileName();
+        const auto pdf =
+            std::make_shared<PdfPrinter>(job, path, printer->pageLayout(), printer->pageRanges());
+        return {[pdf] { return pdf->step(); },
+                [pdf, path]() -> Outcome {
+                    if (const auto failure = pdf->end())
+                        return {Outcome::Failed, failure->description};
+                    return {Outcome::Done, QStringLiteral("PDF written to %1").arg(path)};
+                }};
     }
-    if (printPages(job, printer))
-        return {};
-    return {
-        Outcome::Failed,
-        QStringLiteral("The printer \"%1\" does not take the pages.").arg(printer.printerName())};
+    const auto pages = std::make_shared<PagePrinter>(job, *printer);
+    return {[pages] { return pages->step(); },
+            [pages, printer]() -> Outcome {
+                if (pages->end())
+                    return {};
+                return {Outcome::Failed,
+                        QStringLiteral("The printer \"%1\" does not take the pages.")
+                            .arg(printer->printerName())};
+            }};
+}
+
+void printOn(const std::shared_ptr<QPrinter>& printer, const PrintJob& job, LongWork& work,
+             const Answer& answer) {
+    const auto printing = printingOn(printer, job);
+    work.run(QStringLiteral("Printing"), printing.step,
+             [end = printing.end, printer, answer](bool isCancelled) {
+                 if (isCancelled)
+                     printer->abort();
+                 answer(isCancelled ? Outcome{Outcome::Cancelled} : end());
+             });
 }
 
 } // namespace
@@ -126,7 +152,7 @@ void DesktopPlatform::mail(const MailMessage& message, const Answer& answer) {
     new PortalMail(message, attachments, answer, withoutPortal, &m_requests);
 }
 
-void DesktopPlatform::print(const PrintJob& job, const Answer& answer) {
+void DesktopPlatform::print(const PrintJob& job, LongWork& work, const Answer& answer) {
     const auto printer = std::make_shared<QPrinter>();
     printer->setResolution(printResolution);
     printer->setDocName(job.jobName);
@@ -134,9 +160,11 @@ void DesktopPlatform::print(const PrintJob& job, const Answer& answer) {
         printer->setOutputFileName(documentsFolder() + QStringLiteral("/Quotes.pdf"));
     auto dialog = std::make_unique<QPrintDialog>(printer.get());
     QObject::connect(dialog.get(), &QDialog::finished, &m_requests,
-                     [printer, job, answer](int result) {
-                         answer(result == QDialog::Accepted ? printOn(*printer, job)
-                                                            : Outcome{Outcome::Cancelled});
+                     [printer, job, &work, answer](int result) {
+                         if (result == QDialog::Accepted)
+                             printOn(printer, job, work, answer);
+                         else
+                             answer({Outcome::Cancelled});
                      });
     show(std::move(dialog));
 }

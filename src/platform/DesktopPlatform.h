@@ -26,7 +26,7 @@ public:
     void copy(const QString& text) override;
     void message(const QString& text, const Answer& answer) override;
     void mail(const MailMessage& message, const Answer& answer) override;
-    void print(const PrintJob& job, const Answer& answer) override;
+    void print(const PrintJob& job, LongWork& work, const Answer& answer) override;
     void saveToFiles(const std::vector<ActivityItem>& items, const Answer& answer) override;
 
 private:

@@ -40,7 +40,7 @@ std::optional<QString> textOf(const std::vector<ActivityItem>& items) {
 }
 
 std::unique_ptr<ActivityViewController>
-makeActivityViewController(Platform& platform, std::vector<ActivityItem> items,
+makeActivityViewController(Platform& platform, LongWork& work, std::vector<ActivityItem> items,
                            const Answer& answer, std::vector<ActivityType> excluded) {
     using Items = std::vector<ActivityItem>;
     const auto text = textOf(items);
@@ -61,9 +61,10 @@ makeActivityViewController(Platform& platform, std::vector<ActivityItem> items,
         offer(ActivityType::Mail, QStringLiteral("Mail"),
               [&platform, answer](const Items& shared) { platform.mail(mailOf(shared), answer); });
     if (text)
-        offer(
-            ActivityType::Print, QStringLiteral("Print"),
-            [&platform, text, answer](const Items&) { platform.print(printJobOf(*text), answer); });
+        offer(ActivityType::Print, QStringLiteral("Print"),
+              [&platform, &work, text, answer](const Items&) {
+                  platform.print(printJobOf(*text), work, answer);
+              });
     offer(ActivityType::SaveToFiles, QStringLiteral("Save to Files"),
           [&platform, answer](const Items& shared) { platform.saveToFiles(shared, answer); });
     return std::make_unique<ActivityViewController>(std::move(items), std::move(activities),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/ActivityViewController.h"
+#include "toolkit/LongWork.h"
 
 #include <QByteArray>
 #include <QString>
@@ -67,8 +68,8 @@ public:
     virtual void message(const QString& text, const Answer& answer) = 0;
     /** Opens the user's mail program with a message to send. */
     virtual void mail(const MailMessage& message, const Answer& answer) = 0;
-    /** Opens the print dialog. */
-    virtual void print(const PrintJob& job, const Answer& answer) = 0;
+    /** Opens the print dialog; what it is told to print is printed as long work. */
+    virtual void print(const PrintJob& job, LongWork& work, const Answer& answer) = 0;
     /** Asks where to save, and saves there: the texts together as one file, and each file. */
     virtual void saveToFiles(const std::vector<ActivityItem>& items, const Answer& answer) = 0;
 };
@@ -78,5 +79,5 @@ std::optional<QString> textOf(const std::vector<ActivityItem>& items);
 
 /** A share sheet with the activities that the platform has for these items. */
 std::unique_ptr<ActivityViewController>
-makeActivityViewController(Platform& platform, std::vector<ActivityItem> items,
+makeActivityViewController(Platform& platform, LongWork& work, std::vector<ActivityItem> items,
                            const Answer& answer, std::vector<ActivityType> excluded = {});

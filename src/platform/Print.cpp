@@ -3,17 +3,14 @@
 #include "platform/Markup.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QBuffer>
 #include <QGlyphRun>
-#include <QPainter>
-#include <QPdfWriter>
-#include <QRawFont>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextLayout>
 #include <QTextOption>
 
-#include <map>
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -21,7 +18,7 @@ namespace {
 constexpr double pointsPerInch = 72;
 constexpr int fontPoints = 12;
 
-void prepare(MarkupDocument& document, const QString& markup, QPaintDevice& device) {
+void prepare(MarkupDocument& document, const QString& markup, QPaintDevice& device, double width) {
     QFont font;
     font.setPointSize(fontPoints);
     document.setDefaultFont(font);
@@ -40,6 +37,18 @@ void prepare(MarkupDocument& document, const QString& markup, QPaintDevice& devi
     QTextBlockFormat breakable;
     breakable.setNonBreakableLines(false);
     cursor.mergeBlockFormat(breakable);
+    document.setTextWidth(width);
+}
+
+/** Has a part of a paragraph run as the paragraph began. */
+void continueDirection(const QTextBlock& block, std::optional<Qt::LayoutDirection>& begun) {
+    if (!begun)
+        begun = block.textDirection();
+    if (block.blockFormat().hasProperty(QTextFormat::LayoutDirection))
+        return;
+    QTextBlockFormat direction;
+    direction.setLayoutDirection(*begun);
+    QTextCursor(block).mergeBlockFormat(direction);
 }
 
 bool leavesPage(const QTextDocument& document, const QTextBlock& block) {
@@ -47,7 +56,7 @@ bool leavesPage(const QTextDocument& document, const QTextBlock& block) {
     const QTextLayout& text = *block.layout();
     for (int i = 0; i < text.lineCount(); ++i) {
         const QTextLine line = text.lineAt(i);
-        if (left + line.x() + line.naturalTextWidth() > document.pageSize().width() + 1)
+        if (left + line.x() + line.naturalTextWidth() > document.textWidth() + 1)
             return true;
     }
     return false;
@@ -68,39 +77,56 @@ void keepOnPage(QTextDocument& document, double point) {
 
 struct PlacedLine {
     QTextLine line;
-    QPointF place; ///< of the line's text block, on the page
+    QPointF place; ///< of the line's text block
+
+    double top() const { return place.y() + line.y(); }
 };
 
-/** The lines of each page. Drawn by the line, since a text layout that is told to draw a page of a
- * longer text draws lines of the pages beside it too. */
-std::vector<std::vector<PlacedLine>> linesByPage(const QTextDocument& document) {
-    const double height = document.pageSize().height();
-    std::vector<std::vector<PlacedLine>> pages(std::size_t(document.pageCount()));
+/** The lines of a document from its top down, those of a table's row beside each other. */
+std::vector<PlacedLine> linesOf(const QTextDocument& document) {
+    std::vector<PlacedLine> lines;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         const QTextLayout& text = *block.layout();
         const QPointF place = document.documentLayout()->blockBoundingRect(block).topLeft();
-        for (int i = 0; i < text.lineCount(); ++i) {
-            const QTextLine line = text.lineAt(i);
-            // A dot more, in case that the line begins a rounding error above its page.
-            const auto page = std::size_t((place.y() + line.y() + 1) / height);
-            if (page < pages.size())
-                pages[page].push_back({line, place - QPointF(0, double(page) * height)});
+        for (int i = 0; i < text.lineCount(); ++i)
+            lines.push_back({text.lineAt(i), place});
+    }
+    std::ranges::stable_sort(lines, {}, &PlacedLine::top);
+    return lines;
+}
+
+/** Where the part of markup ends that begins at a place: after a line, where no element is open
+ * that shapes text. Such a part is laid out in a few milliseconds. */
+qsizetype endOfPart(const QString& markup, qsizetype begin) {
+    constexpr qsizetype least = 2'000;
+    constexpr qsizetype most = 16'000; // whatever is open: it may never be closed
+    static const QRegularExpression tag(QStringLiteral("<(/?)([a-z][a-z0-9]*)[^>]*>"),
+                                        QRegularExpression::CaseInsensitiveOption |
+                                            QRegularExpression::UseUnicodePropertiesOption);
+    static const QStringList lineBreak{QStringLiteral("br"), QStringLiteral("hr"),
+                                       QStringLiteral("img")};
+    QStringList open;
+    for (auto tags = tag.globalMatch(markup, begin); tags.hasNext();) {
+        const auto found = tags.next();
+        const QString name = found.captured(2).toLower();
+        const qsizetype length = found.capturedEnd() - begin;
+        if (name == lineBreak.constFirst()) {
+            const bool endsLine = length >= least && (open.isEmpty() || length >= most);
+            if (endsLine)
+                return found.capturedEnd();
+        } else if (!found.captured(1).isEmpty()) {
+            open.removeOne(name);
+        } else if (!lineBreak.contains(name)) {
+            open.append(name);
         }
     }
-    return pages;
+    return markup.size();
 }
 
 bool isColorBitmap(const QRawFont& font) {
     // Not by a glyph that lacks an outline: to ask for it spoils the font's measures.
     return !font.fontTable("CBLC").isEmpty() || !font.fontTable("sbix").isEmpty();
 }
-
-/** A font of colored emoji, at the size of its pictures; each is kept, so that the PDF file holds
- * it once. */
-struct PictureFont {
-    QRawFont font;
-    std::map<quint32, QImage> pictures; ///< by glyph
-};
 
 QImage draw(const QRawFont& font, quint32 glyph, const QRect& box) {
     QImage picture(box.size(), QImage::Format_ARGB32_Premultiplied);
@@ -145,59 +171,107 @@ void drawColorBitmaps(QPainter& painter, const PlacedLine& placed,
 
 } // namespace
 
-bool printPages(const PrintJob& job, QPagedPaintDevice& device) {
+PagePrinter::PagePrinter(const PrintJob& job, QPagedPaintDevice& device)
+    : m_markup(job.markup)
+    , m_device(device)
+    , m_ranges(device.pageRanges()) {
     // The insets count from the edge of the paper, not from that of its printable part.
     QPageLayout layout = device.pageLayout();
     layout.setMode(QPageLayout::FullPageMode);
     device.setPageLayout(layout);
     const double inset = job.insets * device.logicalDpiX() / pointsPerInch;
-    const QRectF body =
-        QRectF(0, 0, device.width(), device.height()).adjusted(inset, inset, -inset, -inset);
-    if (body.isEmpty())
-        return false;
+    m_body = QRectF(0, 0, device.width(), device.height()).adjusted(inset, inset, -inset, -inset);
+    if (m_body.isEmpty() || !m_painter.begin(&device))
+        return;
+    m_painter.translate(m_body.topLeft());
+    beginPage();
+}
 
+void PagePrinter::beginPage() {
+    ++m_page;
+    m_used = 0;
+    if (!isAsked())
+        return;
+    if (!m_isFirst)
+        m_device.newPage();
+    m_isFirst = false;
+}
+
+std::optional<double> PagePrinter::step() {
+    if (!m_painter.isActive() || m_drawn == m_markup.size())
+        return std::nullopt;
+    const qsizetype end = endOfPart(m_markup, m_drawn);
+    QStringView part = QStringView(m_markup).sliced(m_drawn, end - m_drawn);
+    if (end < m_markup.size()) // the next part begins a line of itself
+        part.truncate(part.lastIndexOf(u'<'));
     MarkupDocument document;
-    prepare(document, job.markup, device);
-    document.setPageSize(body.size());
-    keepOnPage(document, device.logicalDpiX() / pointsPerInch);
-    QPainter painter;
-    if (!painter.begin(&device))
-        return false;
-    painter.translate(body.topLeft());
-    const QPageRanges ranges = device.pageRanges();
-    int number = 0;
-    std::map<QString, PictureFont> pictureFonts;
-    bool isFirst = true;
-    for (const auto& lines : linesByPage(document)) {
-        if (!ranges.isEmpty() && !ranges.contains(++number))
-            continue;
-        if (!isFirst)
-            device.newPage();
-        isFirst = false;
-        for (const PlacedLine& placed : lines) {
-            placed.line.draw(&painter, placed.place);
-            drawColorBitmaps(painter, placed, pictureFonts);
+    prepare(document, part.toString(), m_device, m_body.width());
+    continueDirection(document.begin(), m_direction);
+    keepOnPage(document, m_device.logicalDpiX() / pointsPerInch);
+    double pageTop = -m_used; // counted from the part's top
+    for (const PlacedLine& placed : linesOf(document)) {
+        constexpr double roundingError = 0.01;
+        const double bottom = placed.top() + placed.line.height() - roundingError;
+        if (bottom > pageTop + m_body.height() && placed.top() > pageTop) {
+            beginPage();
+            pageTop = placed.top();
         }
+        if (!isAsked())
+            continue;
+        const PlacedLine onPage{placed.line, placed.place - QPointF(0, pageTop)};
+        onPage.line.draw(&m_painter, onPage.place);
+        drawColorBitmaps(m_painter, onPage, m_pictureFonts);
     }
-    const bool isDone = painter.end();
+    m_used = document.size().height() - pageTop;
+    m_drawn = end;
+    return double(m_drawn) / double(m_markup.size());
+}
+
+bool PagePrinter::end() {
+    const bool isDone = m_painter.end();
     // The PDF engine ends by asking for outlines, after which these fonts would have wrong measures
     // in the next job. To open a font at another size than the text's mends that.
-    for (auto& [family, pictured] : pictureFonts)
+    for (auto& [family, pictured] : m_pictureFonts)
         pictured.font.setPixelSize(1);
     return isDone;
 }
 
-std::optional<WriteFailure> printToPdf(const PrintJob& job, const QString& path,
-                                       const QPageLayout& layout, const QPageRanges& pages) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QBuffer::WriteOnly);
-    QPdfWriter writer(&buffer);
+bool printPages(const PrintJob& job, QPagedPaintDevice& device) {
+    PagePrinter pages(job, device);
+    while (pages.step())
+        ;
+    return pages.end();
+}
+
+namespace {
+
+QPdfWriter& prepared(QPdfWriter& writer, const QString& title, const QPageLayout& layout,
+                     const QPageRanges& pages) {
     writer.setResolution(printResolution);
     writer.setPageLayout(layout);
     writer.setPageRanges(pages);
-    writer.setTitle(job.jobName);
-    if (!printPages(job, writer))
+    writer.setTitle(title);
+    return writer;
+}
+
+} // namespace
+
+PdfPrinter::PdfPrinter(const PrintJob& job, const QString& path, const QPageLayout& layout,
+                       const QPageRanges& pages)
+    : m_path(path)
+    , m_writer((m_buffer.open(QBuffer::WriteOnly), &m_buffer))
+    , m_pages(job, prepared(m_writer, job.jobName, layout, pages)) {}
+
+std::optional<WriteFailure> PdfPrinter::end() {
+    if (!m_pages.end())
         return WriteFailure{QStringLiteral("The pages have no room for text.")};
-    return writeFileAtomically(path, bytes);
+    return writeFileAtomically(m_path, m_buffer.data());
+}
+
+std::optional<WriteFailure> printToPdf(const PrintJob& job, const QString& path,
+                                       const QPageLayout& layout, const QPageRanges& pages) {
+    PdfPrinter printer(job, path, layout, pages);
+    while (printer.step())
+        ;
+    return printer.end();
 }

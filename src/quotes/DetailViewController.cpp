@@ -178,7 +178,8 @@ void DetailViewController::EmailFileClick() {
     append(QStringLiteral("Author: "), AuthorTextField->text(), QStringLiteral("\n\n"));
     append(QStringLiteral("Quote: "), QuoteTextView->text(), QString());
     text.replace(QLatin1Char('\n'), QStringLiteral("<br />"));
-    m_application.services.platform.print({text, 72, title()}, tellOn(*this, m_application));
+    m_application.services.platform.print({text, 72, title()}, m_application.services.longWork,
+                                          tellOn(*this, m_application));
 }
 
 DetailViewController::RecordKey DetailViewController::selectedKey() const {

@@ -10,7 +10,7 @@ Item {
     required property NavigationController navigation
 
     /** Keys are for the screens while nothing stands over them. */
-    readonly property bool works: navigation !== null && navigation.presentedViewController === null
+    readonly property bool works: navigation !== null && !Editing.presenting
 
     signal listAsked
 

@@ -11,6 +11,7 @@ T.ApplicationWindow {
     required property Appearance appearance
     required property Keyboard keyboard
     required property Notes notes
+    required property LongWork longWork
 
     /** Null until the program has made its screens, and when it ends. */
     property ToolkitWindow window: null
@@ -37,7 +38,11 @@ T.ApplicationWindow {
     title: qsTr("Lantern")
     color: Theme.paper
     Component.onCompleted: Theme.appearance = appearance
-    onClosing: close => close.accepted = ending || (window?.mayClose() ?? true)
+    onClosing: close => {
+        if (!ending)
+            longWork.cancel();
+        close.accepted = ending || (window?.mayClose() ?? true);
+    }
 
     Connections {
         target: root.window
@@ -49,7 +54,7 @@ T.ApplicationWindow {
 
     FocusScope {
         /** For assistive technology, which else would reach under a sheet. */
-        readonly property bool inert: presentations.presented !== null
+        readonly property bool inert: presentations.presents
 
         anchors.fill: parent
         Accessible.role: Accessible.Pane
@@ -115,7 +120,7 @@ T.ApplicationWindow {
 
     Shortcut {
         sequences: ["Ctrl+Z"]
-        enabled: root.notes.undoable !== ""
+        enabled: root.notes.undoable !== "" && !presentations.presents
         onActivated: root.notes.undo()
     }
 
@@ -123,6 +128,7 @@ T.ApplicationWindow {
         id: presentations
 
         presenter: root.ending ? null : root.window?.rootViewController ?? null
+        work: root.ending ? null : root.longWork
     }
 
     Note {

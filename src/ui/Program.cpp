@@ -58,7 +58,7 @@ Program::Program(const ProgramPaths& paths, Environment environment, Platform& p
     , m_userDefaults(paths.settingsFile)
     , m_temporaryFolderRemoval([this] { QDir(m_temporaryFolder.path()).removeRecursively(); })
     , m_application(Services{m_environment, m_userDefaults, m_mainQueue, m_keyboard, m_notes,
-                             platform, m_classes, m_selection, paths.storeFolder,
+                             m_longWork, platform, m_classes, m_selection, paths.storeFolder,
                              m_temporaryFolder.path()})
     , m_problem(paths.problem) {
     addScenes(m_storyboard, m_application);
@@ -87,6 +87,7 @@ bool Program::launch() {
     properties[QStringLiteral("appearance")] = QVariant::fromValue(&m_appearance);
     properties[QStringLiteral("keyboard")] = QVariant::fromValue(&m_keyboard);
     properties[QStringLiteral("notes")] = QVariant::fromValue(&m_notes);
+    properties[QStringLiteral("longWork")] = QVariant::fromValue(&m_longWork);
     m_engine.setInitialProperties(properties);
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Lantern/Main.qml")));
     if (m_engine.rootObjects().isEmpty())

@@ -70,6 +70,7 @@ private:
     FatalErrorCleanup m_temporaryFolderRemoval;
     Keyboard m_keyboard;
     Notes m_notes;
+    LongWork m_longWork{m_mainQueue};
     Appearance m_appearance;
     ClassRuntime m_classes;
     SelectionValues m_selection;

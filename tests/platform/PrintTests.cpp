@@ -229,9 +229,11 @@ TEST_F(Printing, FailureLeavesNoFile) {
 
 TEST_F(Printing, TheDialogPrintsToAPdfFile) {
     DesktopPlatform platform;
+    EventLoopMainQueue queue;
+    LongWork work(queue);
     std::vector<Outcome> outcomes;
     const Answer keep = [&](const Outcome& outcome) { outcomes.push_back(outcome); };
-    platform.print(jobOf(QStringLiteral("Quote: Ёж")), keep);
+    platform.print(jobOf(QStringLiteral("Quote: Ёж")), work, keep);
     QPrintDialog* dialog = nullptr;
     for (QWidget* widget : QApplication::topLevelWidgets()) {
         if (auto* shown = qobject_cast<QPrintDialog*>(widget))
@@ -249,7 +251,7 @@ TEST_F(Printing, TheDialogPrintsToAPdfFile) {
     EXPECT_EQ(outcomes[0].kind, Outcome::Done);
     EXPECT_EQ(outcomes[0].text, QStringLiteral("PDF written to ") + path("out.pdf"));
 
-    platform.print(jobOf(QStringLiteral("text")), keep);
+    platform.print(jobOf(QStringLiteral("text")), work, keep);
     shownDialog<QPrintDialog>()->reject();
     EXPECT_EQ(outcomes.back().kind, Outcome::Cancelled);
 }

@@ -11,6 +11,9 @@
 
 namespace {
 
+EventLoopMainQueue mainQueue;
+LongWork work(mainQueue);
+
 /** A system that has what it is told, and notes what it is asked. */
 class FakePlatform final : public Platform {
 public:
@@ -33,7 +36,7 @@ public:
         asked << QStringLiteral("mail ") + message.body;
         attachments = message.attachments;
     }
-    void print(const PrintJob& job, const Answer& answer) override {
+    void print(const PrintJob& job, LongWork& /*work*/, const Answer& answer) override {
         asked << QStringLiteral("print ") + job.markup;
         answer({});
     }
@@ -45,7 +48,7 @@ public:
 
 QStringList titlesOf(Platform& platform, const std::vector<ActivityItem>& items,
                      const std::vector<ActivityType>& excluded = {}) {
-    return makeActivityViewController(platform, items, {}, excluded)->activityTitles();
+    return makeActivityViewController(platform, work, items, {}, excluded)->activityTitles();
 }
 
 TEST(ShareSheet, OffersWhatTheSystemHasAndTheScreenAllows) {
@@ -72,7 +75,7 @@ TEST(ShareSheet, RunsWhatIsChosenWhenItHasGone) {
     ViewController screen;
     const auto present = [&] {
         screen.present(makeActivityViewController(
-            platform, {QStringLiteral("a <b>\nc"), QStringLiteral("http://d")},
+            platform, work, {QStringLiteral("a <b>\nc"), QStringLiteral("http://d")},
             [&](const Outcome&) { ++answers; }));
         return qobject_cast<ActivityViewController*>(screen.presentedViewController());
     };
@@ -105,8 +108,8 @@ TEST(ShareSheet, MailsAFileUnderItsName) {
     const QString path = folder.filePath(QStringLiteral("Quotes.txt"));
     write(path, "bytes");
     ViewController screen;
-    screen.present(makeActivityViewController(platform, {SharedFile{path}}, [](const Outcome&) {},
-                                              {ActivityType::SaveToFiles}));
+    screen.present(makeActivityViewController(platform, work, {SharedFile{path}},
+                                              [](const Outcome&) {}, {ActivityType::SaveToFiles}));
     qobject_cast<ActivityViewController*>(screen.presentedViewController())->choose(0);
     ASSERT_EQ(platform.attachments.size(), 1);
     EXPECT_EQ(platform.attachments[0].data, "bytes");

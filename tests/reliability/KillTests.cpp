@@ -188,9 +188,11 @@ public:
     Victim(const Services& services, Model model, unsigned seed, int reports)
         : m_folder(QFileInfo(services.storeFolder).path())
         , m_defaults(m_folder + QStringLiteral("/settings/Lantern.ini"))
-        , m_services{services.environment,    m_defaults,         services.mainQueue,
-                     services.keyboard,       services.notes,     services.platform,
-                     services.classes,        services.selection, services.storeFolder,
+        , m_services{services.environment,    m_defaults,
+                     services.mainQueue,      services.keyboard,
+                     services.notes,          services.longWork,
+                     services.platform,       services.classes,
+                     services.selection,      services.storeFolder,
                      services.temporaryFolder}
         , m_model(std::move(model))
         , m_random(seed)

@@ -24,7 +24,7 @@ public:
         mails.push_back(message);
         answer(outcome);
     }
-    void print(const PrintJob& job, const Answer& answer) override {
+    void print(const PrintJob& job, LongWork& /*work*/, const Answer& answer) override {
         printed.push_back(job);
         answer(outcome);
     }

@@ -17,7 +17,7 @@ TestApplication::TestApplication(Platform* device)
     : environment{[] { return Date(1'614'600'000'000ms); }, // 2021-03-01 12:00 UTC
                   QStringLiteral("en_US"), QStringLiteral("UTC"), SystemVersion{17, 0}}
     , userDefaults(folder.filePath(QStringLiteral("settings/Lantern.ini")))
-    , delegate(Services{environment, userDefaults, mainQueue, keyboard, notes,
+    , delegate(Services{environment, userDefaults, mainQueue, keyboard, notes, longWork,
                         device ? *device : platform, classes, selection,
                         folder.filePath(QStringLiteral("store")),
                         folder.filePath(QStringLiteral("temporary"))}) {

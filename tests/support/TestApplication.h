@@ -54,6 +54,7 @@ public:
     ManualMainQueue mainQueue;
     Keyboard keyboard;
     Notes notes;
+    LongWork longWork{mainQueue};
     QStringList said; ///< by the notes, in order
     FakePlatform platform;
     ClassRuntime classes;
