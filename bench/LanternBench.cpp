@@ -107,6 +107,8 @@ void import(Application& application, const QString& collection) {
     screen.didPickDocumentAtURL(QUrl::fromLocalFile(collection));
     screen.dismiss();
     screen.ImportButton->press();
+    while (!application.longWork.title().isEmpty())
+        QCoreApplication::processEvents();
 }
 
 void expectQuotes(std::size_t found, qsizetype expected) {

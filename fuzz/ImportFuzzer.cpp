@@ -11,12 +11,13 @@
 namespace {
 
 /** Imports the file; false when it ends the program, which a date or a topic in it may do. */
-bool import(AppDelegate& program, const QString& path) {
+bool import(TestApplication& application, AppDelegate& program, const QString& path) {
     ImportViewController screen(program);
     screen.viewDidLoad();
     screen.didPickDocumentAtURL(QUrl::fromLocalFile(path));
     try {
         screen.ImportTextFile();
+        application.finishLongWork();
         return true;
     } catch (const FatalError&) {
         return false;
@@ -43,7 +44,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
     // The second finds the quotes and topics of the first.
     for (int time = 0; time < 2; ++time) {
         AppDelegate program(application.delegate.services);
-        const bool isDone = import(program, path);
+        const bool isDone = import(application, program, path);
         ManagedObjectContext& context = program.persistentContainer().viewContext();
         program.saveContext();
         const QStringList inMemory = contentsOf(context);

@@ -140,13 +140,16 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
 
     const QString document = QString::fromUtf8(file);
     std::vector<QStringList> quotes;
-    const bool isRead = readQuoteLines(document, [&](const QuoteLine& line) {
-        if (!line.topic.isEmpty())
-            quotes.push_back({line.author, line.topic, line.source, line.date, line.quote});
-    });
+    QuoteLineReader quoteReader(document);
+    while (const auto line = quoteReader.next()) {
+        if (!line->topic.isEmpty())
+            quotes.push_back({line->author, line->topic, line->source, line->date, line->quote});
+    }
     std::vector<QString> topics;
-    readTopicNames(document, [&topics](const QString& name) { topics.push_back(name); });
-    require(isRead, "what is written is known for a collection");
+    TopicNameReader topicReader(quoteReader.topicSection());
+    while (const auto name = topicReader.next())
+        topics.push_back(*name);
+    require(isQuoteCollection(document), "what is written is known for a collection");
     require(quotes == plainlyReadQuotes(document), "quotes are read line by line");
     require(topics == plainlyReadTopics(document), "topics are read line by line");
     if (!isHarmless)

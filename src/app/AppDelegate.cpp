@@ -28,6 +28,10 @@ AppDelegate::AppDelegate(const Services& theServices)
     : services(theServices)
     , m_cleanup([this] { savePendingChanges(); }) {}
 
+AppDelegate::~AppDelegate() {
+    services.longWork.cancel();
+}
+
 PersistentContainer& AppDelegate::persistentContainer() {
     if (!m_persistentContainer) {
         auto container = makePersistentContainer(services);

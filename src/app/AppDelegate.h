@@ -13,6 +13,10 @@
 class AppDelegate {
 public:
     explicit AppDelegate(const Services& services);
+    /** Cancels work that has not come to its end. */
+    ~AppDelegate();
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
 
     std::unique_ptr<Window> window;
 

@@ -3,60 +3,7 @@
 #include "app/FetchOrLog.h"
 #include "foundation/FatalError.h"
 
-#include <QSet>
-
 Q_LOGGING_CATEGORY(lcExchange, "lantern.exchange")
-
-namespace {
-
-/** Adds a line's quote, or brings the one that is there up to date. Answers with those that were
- * there. */
-std::vector<Event*> importQuote(ManagedObjectContext& context, const QuoteLine& line,
-                                const QString& fileName, const Environment& environment) {
-    auto request = Event::fetchRequest();
-    request.predicate = Event::Keys::author == line.author && Event::Keys::category == line.topic &&
-                        Event::Keys::source == line.source;
-    auto found = fetchOrLog(context, request, lcExchange);
-    if (found.size() > 1)
-        return found;
-
-    // Read before the record is touched, so that a line that ends the program leaves no half quote.
-    std::optional<Date> timestamp;
-    if (!line.date.isEmpty()) {
-        timestamp = readDate(line.date, environment);
-        if (!timestamp)
-            fatalError(QStringLiteral("Line %1 of %2 has a date that cannot be read: \"%3\"")
-                           .arg(line.number)
-                           .arg(fileName, line.date.left(100)));
-    }
-    Event& quote = found.empty() ? *context.insert<Event>() : *found.front();
-    if (!line.author.isEmpty())
-        quote.setAuthor(line.author);
-    quote.setCategory(line.topic);
-    if (!line.source.isEmpty())
-        quote.setSource(line.source);
-    if (timestamp)
-        quote.setTimestamp(timestamp);
-    if (!line.quote.isEmpty())
-        quote.setQuote(line.quote);
-    if (found.empty())
-        logError(context.save(), lcExchange);
-    return found;
-}
-
-/** Writes a known topic's name once more, and answers with the topics that had it. */
-std::vector<Topics*> updateTopic(ManagedObjectContext& context, const QString& name) {
-    auto request = Topics::fetchRequest();
-    request.predicate = Topics::Keys::topic == name;
-    auto found = fetchOrLog(context, request, lcExchange);
-    if (found.empty())
-        fatalError(
-            QStringLiteral("The topic \"%1\" is stored only with blanks around it").arg(name));
-    found.front()->setTopic(name);
-    return found;
-}
-
-} // namespace
 
 QStringList topicNames(ManagedObjectContext& context) {
     auto request = Topics::fetchRequest();
@@ -69,30 +16,113 @@ QStringList topicNames(ManagedObjectContext& context) {
     return names;
 }
 
+CollectionImport::CollectionImport(ManagedObjectContext& context, QString document,
+                                   const QStringList& knownTopics, QString fileName,
+                                   const Environment& environment)
+    : m_context(context)
+    , m_document(std::move(document))
+    , m_knownTopics(knownTopics.cbegin(), knownTopics.cend())
+    , m_fileName(std::move(fileName))
+    , m_environment(environment)
+    , m_quotes(m_document)
+    , m_group(context, SaveGroup::Kind::Cancellable) {
+    m_imported.isCollection = isQuoteCollection(m_document);
+}
+
+std::optional<double> CollectionImport::step() {
+    // To merge and to write take about the same time.
+    constexpr double merged = 0.5;
+    constexpr int fewMilliseconds = 100;
+    if (!m_imported.isCollection)
+        return std::nullopt;
+    for (int lines = 0; lines < fewMilliseconds && m_phase == Phase::Quotes; ++lines) {
+        if (auto line = m_quotes.next()) {
+            if (!line->topic.isEmpty())
+                importQuote(*line);
+            m_imported.line = std::move(line);
+        } else {
+            m_topics.emplace(m_quotes.topicSection());
+            m_phase = Phase::Topics;
+        }
+    }
+    for (int lines = 0; lines < fewMilliseconds && m_phase == Phase::Topics; ++lines) {
+        if (const auto name = m_topics->next())
+            importTopic(*name);
+        else
+            m_phase = Phase::Writing;
+    }
+    if (m_phase != Phase::Writing)
+        return merged * m_quotes.share();
+    const auto written = m_group.writePart();
+    return written ? std::optional(merged + (1 - merged) * *written) : std::nullopt;
+}
+
+Imported CollectionImport::end() {
+    logError(m_group.finish(), lcExchange);
+    return std::move(m_imported);
+}
+
+void CollectionImport::cancel() {
+    m_group.cancel();
+}
+
+/** Adds a line's quote, or brings the one that is there up to date. */
+void CollectionImport::importQuote(const QuoteLine& line) {
+    auto request = Event::fetchRequest();
+    request.predicate = Event::Keys::author == line.author && Event::Keys::category == line.topic &&
+                        Event::Keys::source == line.source;
+    auto& found = m_imported.quotes;
+    found = fetchOrLog(m_context, request, lcExchange);
+    if (found.size() > 1)
+        return;
+
+    // Read before the record is touched, so that a line that ends the program leaves no half quote.
+    std::optional<Date> timestamp;
+    if (!line.date.isEmpty()) {
+        timestamp = readDate(line.date, m_environment);
+        if (!timestamp)
+            fatalError(QStringLiteral("Line %1 of %2 has a date that cannot be read: \"%3\"")
+                           .arg(line.number)
+                           .arg(m_fileName, line.date.left(100)));
+    }
+    Event& quote = found.empty() ? *m_context.insert<Event>() : *found.front();
+    if (!line.author.isEmpty())
+        quote.setAuthor(line.author);
+    quote.setCategory(line.topic);
+    if (!line.source.isEmpty())
+        quote.setSource(line.source);
+    if (timestamp)
+        quote.setTimestamp(timestamp);
+    if (!line.quote.isEmpty())
+        quote.setQuote(line.quote);
+    if (found.empty())
+        logError(m_context.save(), lcExchange);
+}
+
+/** Adds a topic, or writes the name of a known one once more. */
+void CollectionImport::importTopic(const QString& name) {
+    m_imported.topic = name;
+    if (!m_knownTopics.contains(name)) {
+        m_context.insert<Topics>()->setTopic(name);
+        logError(m_context.save(), lcExchange);
+        return;
+    }
+    auto request = Topics::fetchRequest();
+    request.predicate = Topics::Keys::topic == name;
+    m_imported.topics = fetchOrLog(m_context, request, lcExchange);
+    if (m_imported.topics.empty())
+        fatalError(
+            QStringLiteral("The topic \"%1\" is stored only with blanks around it").arg(name));
+    m_imported.topics.front()->setTopic(name);
+}
+
 Imported importCollection(ManagedObjectContext& context, const QString& document,
                           const QStringList& knownTopics, const QString& fileName,
                           const Environment& environment) {
-    Imported imported;
-    SaveGroup group(context);
-    imported.isCollection = readQuoteLines(document, [&](const QuoteLine& line) {
-        imported.line = line;
-        if (!line.topic.isEmpty())
-            imported.quotes = importQuote(context, line, fileName, environment);
-    });
-    if (imported.isCollection) {
-        const QSet<QString> known(knownTopics.cbegin(), knownTopics.cend());
-        readTopicNames(document, [&](const QString& name) {
-            imported.topic = name;
-            if (known.contains(name)) {
-                imported.topics = updateTopic(context, name);
-                return;
-            }
-            context.insert<Topics>()->setTopic(name);
-            logError(context.save(), lcExchange);
-        });
-    }
-    logError(group.finish(), lcExchange);
-    return imported;
+    CollectionImport import(context, document, knownTopics, fileName, environment);
+    while (import.step())
+        ;
+    return import.end();
 }
 
 Exported exportCollection(ManagedObjectContext& context, const std::function<void()>& quoteDone,

@@ -1,43 +1,11 @@
 #include "exchange/CollectionFile.h"
 
 #include "foundation/FatalError.h"
-#include "foundation/LineEnds.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
-
-/** The lines of a text, one after the other. */
-class LineReader {
-public:
-    explicit LineReader(QStringView text)
-        : m_text(text)
-        , m_ends(text) {}
-
-    /** Whether there was one more line, which line() and number() then tell of. */
-    bool next() {
-        if (m_isAtEnd)
-            return false;
-        const qsizetype end = m_ends.next(m_place);
-        m_line = m_text.sliced(m_place, end - m_place);
-        ++m_number;
-        m_isAtEnd = end == m_text.size();
-        m_place = end + m_ends.length(end);
-        return true;
-    }
-
-    QStringView line() const { return m_line; }
-    qsizetype number() const { return m_number; }
-
-private:
-    QStringView m_text;
-    LineEnds m_ends;
-    QStringView m_line;
-    qsizetype m_place = 0;
-    qsizetype m_number = 0;
-    bool m_isAtEnd = false;
-};
 
 // QString::replace moves the rest of the text again and again: too slow for a long one.
 QString replaced(QStringView text, QStringView before, QStringView after) {
@@ -79,29 +47,12 @@ QString describe(const Event& quote) {
         .arg(part(quote.quote()), part(quote.author()), part(quote.category()));
 }
 
-/** Takes the apostrophes out of lines. */
-class ApostropheFilter {
-public:
-    /** Valid until the next line. */
-    QStringView operator()(QStringView line) {
-        if (!line.contains(u'\''))
-            return line;
-        m_filtered = line.toString().remove(u'\'');
-        return m_filtered;
-    }
-
-private:
-    QString m_filtered;
-};
-
-bool isQuoteCollection(const QString& document) {
-    ApostropheFilter withoutApostrophes;
-    LineReader reader(document);
-    while (reader.next()) {
-        if (withoutApostrophes(reader.line()) == quoteSectionMarker)
-            return true;
-    }
-    return false;
+/** A line without its apostrophes, kept in the buffer where there are any. */
+QStringView withoutApostrophes(QStringView line, QString& buffer) {
+    if (!line.contains(u'\''))
+        return line;
+    buffer = line.toString().remove(u'\'');
+    return buffer;
 }
 
 } // namespace
@@ -145,30 +96,58 @@ QString trimmedOfBlanks(QStringView text) {
     return text.toString();
 }
 
-bool readQuoteLines(const QString& document, const std::function<void(const QuoteLine&)>& use) {
-    if (!isQuoteCollection(document))
+bool LineReader::next() {
+    if (m_isAtEnd)
         return false;
-    ApostropheFilter withoutApostrophes;
-    LineReader reader(document);
-    while (reader.next()) {
-        const QStringView line = withoutApostrophes(reader.line());
-        const auto [author, topic, source, date, quote] = splitFields(line);
-        if (!line.isEmpty() && line != quoteSectionMarker)
-            use({author.toString(), topic.toString(), source.toString(), date.toString(),
-                 replaced(quote, u"@#@", u"\n"), reader.number()});
-    }
+    const qsizetype end = m_ends.next(m_place);
+    m_line = m_text.sliced(m_place, end - m_place);
+    ++m_number;
+    m_isAtEnd = end == m_text.size();
+    m_place = end + m_ends.length(end);
     return true;
 }
 
-void readTopicNames(const QString& document, const std::function<void(const QString&)>& use) {
-    bool inTopics = false;
+double LineReader::share() const {
+    return m_text.isEmpty() ? 1 : double(m_place) / double(m_text.size());
+}
+
+bool isQuoteCollection(const QString& document) {
     LineReader reader(document);
+    QString buffer;
     while (reader.next()) {
-        const QStringView line = reader.line();
-        if (inTopics && !line.isEmpty())
-            use(trimmedOfBlanks(line.sliced(line.lastIndexOf(u'^') + 1)));
-        inTopics = inTopics || line == topicSectionMarker;
+        if (withoutApostrophes(reader.line(), buffer) == quoteSectionMarker)
+            return true;
     }
+    return false;
+}
+
+std::optional<QuoteLine> QuoteLineReader::next() {
+    QString buffer;
+    while (m_lines.next()) {
+        if (m_topicSection.isEmpty() && m_lines.line() == topicSectionMarker)
+            m_topicSection = m_document.sliced(m_lines.line().data() - m_document.data());
+        const QStringView line = withoutApostrophes(m_lines.line(), buffer);
+        if (line.isEmpty() || line == quoteSectionMarker)
+            continue;
+        const auto [author, topic, source, date, quote] = splitFields(line);
+        return QuoteLine{author.toString(),
+                         topic.toString(),
+                         source.toString(),
+                         date.toString(),
+                         replaced(quote, u"@#@", u"\n"),
+                         m_lines.number()};
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> TopicNameReader::next() {
+    while (m_lines.next()) {
+        const QStringView line = m_lines.line();
+        if (m_inTopics && !line.isEmpty())
+            return trimmedOfBlanks(line.sliced(line.lastIndexOf(u'^') + 1));
+        m_inTopics = m_inTopics || line == topicSectionMarker;
+    }
+    return std::nullopt;
 }
 
 std::optional<Date> readDate(const QString& field, const Environment& environment) {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "foundation/Date.h"
+#include "foundation/LineEnds.h"
 #include "store/Records.h"
 
 #include <QByteArray>
 #include <QString>
 
-#include <functional>
 #include <optional>
 
 /** The lines that begin the two sections of a collection file. */
@@ -33,16 +33,68 @@ struct QuoteLine {
     bool operator==(const QuoteLine&) const = default;
 };
 
-/**
- * Hands over the lines of a collection file's text one after the other, in file order, those that
- * name no topic too, but neither empty ones nor the quote marker. None, and false, when no line
- * marks the text as a quote collection.
- */
-bool readQuoteLines(const QString& document, const std::function<void(const QuoteLine&)>& use);
+/** The lines of a text, one after the other. */
+class LineReader {
+public:
+    /** The text must stay as it is. */
+    explicit LineReader(QStringView text)
+        : m_text(text)
+        , m_ends(text) {}
 
-/** Hands over the names in the topic section of a collection file's text, in file order,
- * repetitions included. Whether the text is a quote collection is left to readQuoteLines. */
-void readTopicNames(const QString& document, const std::function<void(const QString&)>& use);
+    /** Whether there was one more line, which line() and number() then tell of. */
+    bool next();
+    QStringView line() const { return m_line; }
+    qsizetype number() const { return m_number; } ///< from 1
+    double share() const;                         ///< of the text that is read, 0 to 1
+
+private:
+    QStringView m_text;
+    LineEnds m_ends;
+    QStringView m_line;
+    qsizetype m_place = 0;
+    qsizetype m_number = 0;
+    bool m_isAtEnd = false;
+};
+
+/** Whether a line of the text marks it as a quote collection. */
+bool isQuoteCollection(const QString& document);
+
+/**
+ * The lines of a collection file's text one after the other, in file order, those that name no
+ * topic too, but neither empty ones nor the quote marker.
+ */
+class QuoteLineReader {
+public:
+    explicit QuoteLineReader(const QString& document)
+        : m_document(document)
+        , m_lines(document) {}
+
+    /** The next line, nothing after the last. */
+    std::optional<QuoteLine> next();
+    double share() const { return m_lines.share(); } ///< of the text that is read, 0 to 1
+    /** Where the topic section begins, as far as the text is read. */
+    QStringView topicSection() const { return m_topicSection; }
+
+private:
+    QStringView m_document;
+    LineReader m_lines;
+    QStringView m_topicSection;
+};
+
+/** The names in the topic section of a collection file's text, in file order, repetitions included.
+ * Whether the text is a quote collection is not asked. */
+class TopicNameReader {
+public:
+    explicit TopicNameReader(QStringView document)
+        : m_lines(document) {}
+
+    /** The next name, nothing after the last. */
+    std::optional<QString> next();
+
+private:
+    LineReader m_lines;
+    bool m_inTopics = false;
+};
 
 /** Reads the date field of a quote line, with dots or hyphens in the day, as local time: its UTC
  * offset "+0000" is dropped. Each number may lack its leading zeros. Whatever an export writes is

@@ -1,6 +1,5 @@
 #include "ImportViewController.h"
 
-#include "exchange/Collection.h"
 #include "foundation/FatalError.h"
 #include "foundation/TextFile.h"
 #include "shared/CommonLook.h"
@@ -9,6 +8,9 @@
 #include "toolkit/DocumentPickerViewController.h"
 
 #include <QLoggingCategory>
+#include <QPointer>
+
+#include <memory>
 
 Q_DECLARE_LOGGING_CATEGORY(lcExchange)
 
@@ -73,9 +75,20 @@ void ImportViewController::ImportTextFile() {
     if (!document)
         fatalError(QStringLiteral("An import was started before a file was loaded"));
     managedObjectContext = &m_application.persistentContainer().viewContext();
-    auto imported =
-        importCollection(*managedObjectContext, *document, TopicList, filename.value_or(QString()),
-                         m_application.services.environment);
+    const auto import = std::make_shared<CollectionImport>(*managedObjectContext, *document,
+                                                           TopicList, filename.value_or(QString()),
+                                                           m_application.services.environment);
+    m_application.services.longWork.run(
+        QStringLiteral("Importing"), [import] { return import->step(); },
+        [import, screen = QPointer(this)](bool isCancelled) {
+            if (isCancelled)
+                import->cancel();
+            else if (screen)
+                screen->finish(import->end());
+        });
+}
+
+void ImportViewController::finish(Imported imported) {
     wrongFile = !imported.isCollection;
     if (imported.line) {
         theAuthor = imported.line->author;

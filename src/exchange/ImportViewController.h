@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "exchange/Collection.h"
 #include "store/Records.h"
 #include "toolkit/Button.h"
 #include "toolkit/TextInput.h"
@@ -52,6 +53,7 @@ public:
     void documentPickerWasCancelled() {}
 
 private:
+    void finish(Imported imported);
     void report();
 
     AppDelegate& m_application;

@@ -304,11 +304,24 @@ bool TextColumn::setBytes(Row row, std::optional<QByteArrayView> text) {
         m_places[row] = {m_bytes.size(), text->size()};
         m_bytes += *text;
     }
-    if (m_replacedSize > m_bytes.size() / 2)
+    if (m_replacedSize > m_bytes.size() / 2 && !m_keeps)
         tidy();
     if (m_folded.count() > 0)
         m_changed.push_back(row);
     return true;
+}
+
+TextColumn::Kept TextColumn::keep(Row row) {
+    m_keeps = true;
+    return m_places[row];
+}
+
+void TextColumn::giveBack(Row row, Kept place) {
+    m_replacedSize += std::max<qsizetype>(m_places[row].size, 0);
+    m_replacedSize -= std::max<qsizetype>(place.size, 0);
+    m_places[row] = place;
+    if (m_folded.count() > 0)
+        m_changed.push_back(row);
 }
 
 void TextColumn::tidy() {

@@ -37,6 +37,11 @@ public:
     void remember(Row row);
     void read(Row row, Statement& statement, int column);
     void bind(Row row, Statement& statement, int parameter) const;
+    /** What a row has now, so that it can be given back. */
+    using Kept = std::uint32_t;
+    Kept keep(Row row) { return m_values[row]; }
+    void giveBack(Row row, Kept number) { setNumber(row, number); }
+    void endKeeping() {}
 
     /** Texts are equal where their numbers are. */
     std::uint32_t number(Row row) const { return m_values[row]; }
@@ -98,21 +103,27 @@ public:
     void read(Row row, Statement& statement, int column);
     void bind(Row row, Statement& statement, int parameter) const;
 
+    struct Place {
+        qsizetype start = 0;
+        qsizetype size = -1; ///< of an absent text
+    };
+    /** As of a name. Until the end of keeping, no text is moved. */
+    using Kept = Place;
+    Kept keep(Row row);
+    void giveBack(Row row, Kept place);
+    void endKeeping() { m_keeps = false; }
+
     RowTest equalTo(const std::variant<QString, Date>& value) const;
     RowTest containing(const QString& searchText) const;
     void sort(std::vector<Row>& rows, bool ascending) const;
 
 private:
-    struct Place {
-        qsizetype start = 0;
-        qsizetype size = -1; // of an absent text
-    };
-
     bool setBytes(Row row, std::optional<QByteArrayView> text);
     void tidy();
 
     QByteArray m_bytes; // all texts, and those that others have replaced
     qsizetype m_replacedSize = 0;
+    bool m_keeps = false;               // what was replaced too, where it is
     std::vector<Place> m_places;        // by row
     mutable FoldedTexts m_folded;       // by row; made by the first search
     mutable std::vector<Row> m_changed; // since then
@@ -128,6 +139,10 @@ public:
     void remember(Row /*row*/) {}
     void read(Row row, Statement& statement, int column);
     void bind(Row row, Statement& statement, int parameter) const;
+    using Kept = std::optional<Date>;
+    Kept keep(Row row) { return m_dates[row]; }
+    void giveBack(Row row, Kept date) { m_dates[row] = date; }
+    void endKeeping() {}
 
     RowTest equalTo(const std::variant<QString, Date>& value) const;
     void sort(std::vector<Row>& rows, bool ascending) const;

@@ -279,23 +279,34 @@ std::optional<StoreError> StoreConnection::prepareStatements() {
     return std::nullopt;
 }
 
-std::optional<StoreError> StoreConnection::transaction(const std::function<int()>& work) {
+std::optional<StoreError> StoreConnection::begin() {
     if (auto loss = findLoss())
         return loss;
     if (auto failed = replaceLostLog())
         return failed;
     backUp();
-    if (execute("BEGIN IMMEDIATE") == SQLITE_OK && work() == SQLITE_DONE &&
-        execute("COMMIT") == SQLITE_OK) {
-        noteFiles();
-        noteContents();
-        return std::nullopt;
-    }
-    const auto failed = error(QStringLiteral("saved"));
+    return execute("BEGIN IMMEDIATE") == SQLITE_OK ? std::nullopt
+                                                   : std::optional(rolledBackError());
+}
+
+std::optional<StoreError> StoreConnection::end(int code) {
+    if (code != SQLITE_DONE || execute("COMMIT") != SQLITE_OK)
+        return rolledBackError();
+    noteFiles();
+    noteContents();
+    return std::nullopt;
+}
+
+StoreError StoreConnection::rolledBackError() {
+    auto failed = error(QStringLiteral("saved"));
+    rollBack();
+    return failed;
+}
+
+void StoreConnection::rollBack() {
     if (sqlite3_get_autocommit(m_database.get()) == 0)
         execute("ROLLBACK");
     noteFiles();
-    return failed;
 }
 
 void StoreConnection::backUp() {

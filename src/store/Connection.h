@@ -91,8 +91,13 @@ public:
     std::uint64_t changeCount(std::size_t entity) const { return m_changeCounts[entity]; }
     void countChange(std::size_t entity) { ++m_changeCounts[entity]; }
 
-    /** Runs the work, which returns SQLITE_DONE or an error code, in one transaction. */
-    std::optional<StoreError> transaction(const std::function<int()>& work);
+    /** Begins a transaction, unless the store is lost or cannot be written. */
+    std::optional<StoreError> begin();
+    /** Ends it: the changes are on disk, or were taken back after an error. The code is that of the
+     * work in it, SQLITE_DONE or an error. */
+    std::optional<StoreError> end(int code);
+    /** Ends it, and takes its changes back. */
+    void rollBack();
 
     /** Gives back the memory of pages that were read and will hardly be read again soon. */
     void releaseMemory() { sqlite3_db_release_memory(m_database.get()); }
@@ -108,6 +113,8 @@ private:
     StoreConnection(const QString& folder, const QString& name);
 
     std::optional<StoreError> openDatabase();
+    /** The error of the last call, after the transaction was taken back. */
+    StoreError rolledBackError();
     void backUp();
     void noteFiles();
     /** A hash of all bytes of the file; nothing when they cannot be read. */

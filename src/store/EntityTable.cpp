@@ -205,8 +205,15 @@ std::optional<Date> EntityTable::date(Row row, std::size_t attribute) {
 
 template <class Kind, class Value>
 void EntityTable::set(Row row, std::size_t attribute, const Value& value) {
-    if (!std::get<Kind>(m_columns[attribute]).set(row, value))
+    auto& column = std::get<Kind>(m_columns[attribute]);
+    if (m_before && row < m_before->rowCount) {
+        const Change change{row, attribute, column.keep(row), m_states[row]};
+        if (!column.set(row, value))
+            return;
+        m_before->changes.push_back(change);
+    } else if (!column.set(row, value)) {
         return;
+    }
     markUpdated(row);
     for (auto& [attributes, combinations] : m_combinations)
         combinations.noteChange(row);
@@ -245,14 +252,47 @@ bool EntityTable::hasNotedChanges() const {
                        [this](Row row) { return m_states[row].needsWriting(); });
 }
 
-int EntityTable::writeNoted() {
-    for (std::size_t i = 0; i < m_notedCount; ++i) {
-        if (!m_states[m_changed[i]].needsWriting())
+int EntityTable::writeNoted(std::size_t most) {
+    for (; most > 0 && m_writtenCount < m_notedCount; --most, ++m_writtenCount) {
+        const Row row = m_changed[m_writtenCount];
+        if (!m_states[row].needsWriting())
             continue;
-        if (const int code = write(m_changed[i]); code != SQLITE_DONE)
+        if (const int code = write(row); code != SQLITE_DONE)
             return code;
     }
     return SQLITE_DONE;
+}
+
+void EntityTable::beginKeeping() {
+    needValues();
+    m_before = Before{rowCount(), m_changed.size(), m_notedCount, {}};
+}
+
+void EntityTable::endKeeping() {
+    m_before.reset();
+    for (auto& column : m_columns)
+        std::visit([](auto& values) { values.endKeeping(); }, column);
+}
+
+void EntityTable::takeBack() {
+    for (const Change& change : std::views::reverse(m_before->changes)) {
+        std::visit(
+            [&change](auto& column) {
+                using Kept = typename std::remove_reference_t<decltype(column)>::Kept;
+                column.giveBack(change.row, std::get<Kept>(change.value));
+            },
+            m_columns[change.attribute]);
+        m_states[change.row] = change.state;
+        for (auto& [attributes, combinations] : m_combinations)
+            combinations.noteChange(change.row);
+    }
+    // From the last on, which is taken out of an index fastest.
+    for (auto row = Row(rowCount()); row > m_before->rowCount; --row)
+        markDeleted(row - 1);
+    m_changed.resize(m_before->changedCount);
+    m_notedCount = m_before->notedCount;
+    m_writtenCount = 0;
+    endKeeping();
 }
 
 void EntityTable::finishNoted() {
@@ -271,6 +311,7 @@ void EntityTable::finishNoted() {
     }
     m_changed.erase(m_changed.begin(), end);
     m_notedCount = 0;
+    m_writtenCount = 0;
 }
 
 Row EntityTable::append(std::int64_t id) {

@@ -63,10 +63,22 @@ public:
     /** Takes note that all changes of now are to be written. */
     void noteSave() { m_notedCount = m_changed.size(); }
     bool hasNotedChanges() const;
-    /** Writes what is noted, within a transaction; SQLITE_DONE or an error code. */
-    int writeNoted();
+    std::size_t notedCount() const { return m_notedCount; }
+    /** How many of them are written. */
+    std::size_t writtenCount() const { return m_writtenCount; }
+    /** Writes at most so many more of what is noted, within a transaction; SQLITE_DONE or an error
+     * code. What is written is not changed before the transaction ends. */
+    int writeNoted(std::size_t most);
     /** To be called when the transaction has succeeded. */
     void finishNoted();
+    /** To be called when the transaction has not succeeded. */
+    void forgetWritten() { m_writtenCount = 0; }
+
+    /** From now on, keeps what is needed to take insertions and changes back. */
+    void beginKeeping();
+    void endKeeping();
+    /** Takes back what was inserted and changed since then. */
+    void takeBack();
 
 private:
     enum class Contents { Nothing, Identities, Values };
@@ -77,6 +89,22 @@ private:
         bool isDeleted = false;
 
         bool needsWriting() const { return isOnDisk ? isUpdated || isDeleted : !isDeleted; }
+    };
+
+    /** What a row had before it was changed. */
+    struct Change {
+        Row row;
+        std::size_t attribute;
+        std::variant<NameColumn::Kept, TextColumn::Kept, DateColumn::Kept> value;
+        State state;
+    };
+
+    /** What there was when the keeping began, and what was changed since. */
+    struct Before {
+        std::size_t rowCount;
+        std::size_t changedCount;
+        std::size_t notedCount;
+        std::vector<Change> changes;
     };
 
     /** Reads all rows of the file, and marks those found that were known before; SQLITE_DONE or an
@@ -104,4 +132,6 @@ private:
     std::vector<State> m_states;
     std::vector<Row> m_changed; // since the last save; the first of them are noted for writing
     std::size_t m_notedCount = 0;
+    std::size_t m_writtenCount = 0; // of those that are noted
+    std::optional<Before> m_before;
 };

@@ -5,6 +5,7 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 Q_LOGGING_CATEGORY(storeLog, "lantern.store")
@@ -82,25 +83,40 @@ std::optional<StoreError> ManagedObjectContext::save() {
 }
 
 std::optional<StoreError> ManagedObjectContext::writeWhatWasSaved() {
+    auto error = writePart(SIZE_MAX);
+    if (!error && std::exchange(m_isWriting, false))
+        error = m_connection->end(SQLITE_DONE);
+    for (const auto& table : m_tables) {
+        if (error)
+            table->forgetWritten();
+        else
+            table->finishNoted();
+    }
+    tellOfWriting(error);
+    return error;
+}
+
+std::optional<StoreError> ManagedObjectContext::writePart(std::size_t most) {
     const bool hasWork = std::any_of(m_tables.begin(), m_tables.end(),
                                      [](const auto& table) { return table->hasNotedChanges(); });
-    if (hasWork) {
-        const auto error = m_connection->transaction([this] {
-            int code = SQLITE_DONE;
-            for (const auto& table : m_tables) {
-                if (code == SQLITE_DONE)
-                    code = table->writeNoted();
-            }
-            return code;
-        });
-        if (error) {
-            tellOfWriting(error);
+    if (!hasWork)
+        return std::nullopt;
+    if (!m_isWriting) {
+        if (auto error = m_connection->begin())
+            return error;
+        m_isWriting = true;
+    }
+    for (const auto& table : m_tables) {
+        const auto written = table->writtenCount();
+        if (const int code = table->writeNoted(most); code != SQLITE_DONE) {
+            m_isWriting = false;
+            auto error = m_connection->end(code);
+            for (const auto& other : m_tables)
+                other->forgetWritten();
             return error;
         }
+        most -= table->writtenCount() - written;
     }
-    for (const auto& table : m_tables)
-        table->finishNoted();
-    tellOfWriting(std::nullopt);
     return std::nullopt;
 }
 
@@ -109,10 +125,15 @@ void ManagedObjectContext::tellOfWriting(const std::optional<StoreError>& error)
         m_writingObserver(error);
 }
 
-SaveGroup::SaveGroup(ManagedObjectContext& context)
+SaveGroup::SaveGroup(ManagedObjectContext& context, Kind kind)
     : m_context(context)
+    , m_kind(kind)
     , m_cleanup([this] { finishAndLog(); }) {
     ++m_context.m_openGroups;
+    if (kind == Kind::Cancellable) {
+        for (const auto& table : m_context.m_tables)
+            table->beginKeeping();
+    }
 }
 
 SaveGroup::~SaveGroup() {
@@ -120,9 +141,36 @@ SaveGroup::~SaveGroup() {
 }
 
 std::optional<StoreError> SaveGroup::finish() {
-    if (!std::exchange(m_isOpen, false) || --m_context.m_openGroups > 0)
+    if (!std::exchange(m_isOpen, false))
         return std::nullopt;
-    return m_context.writeWhatWasSaved();
+    if (m_kind == Kind::Cancellable) {
+        for (const auto& table : m_context.m_tables)
+            table->endKeeping();
+    }
+    return --m_context.m_openGroups > 0 ? std::nullopt : m_context.writeWhatWasSaved();
+}
+
+std::optional<double> SaveGroup::writePart() {
+    constexpr std::size_t fewMilliseconds = 500;
+    if (m_context.m_openGroups > 1 || m_context.writePart(fewMilliseconds))
+        return std::nullopt;
+    std::size_t noted = 0;
+    std::size_t written = 0;
+    for (const auto& table : m_context.m_tables) {
+        noted += table->notedCount();
+        written += table->writtenCount();
+    }
+    return written == noted ? std::nullopt : std::optional(double(written) / double(noted));
+}
+
+void SaveGroup::cancel() {
+    if (!std::exchange(m_isOpen, false))
+        return;
+    --m_context.m_openGroups;
+    if (std::exchange(m_context.m_isWriting, false))
+        m_context.m_connection->rollBack();
+    for (const auto& table : m_context.m_tables)
+        table->takeBack();
 }
 
 void SaveGroup::finishAndLog() {

@@ -129,6 +129,8 @@ private:
     static std::uint32_t insertRow(EntityTable& table);
     static std::size_t rowCount(const EntityTable& table);
     std::optional<StoreError> writeWhatWasSaved();
+    /** Writes so many records more of what was saved, in a transaction that it begins. */
+    std::optional<StoreError> writePart(std::size_t most);
     void tellOfWriting(const std::optional<StoreError>& error) const;
 
     std::shared_ptr<StoreConnection> m_connection;
@@ -137,6 +139,7 @@ private:
     std::vector<std::weak_ptr<const std::function<void()>>> m_observers;
     std::function<void(const std::optional<StoreError>&)> m_writingObserver;
     int m_openGroups = 0;
+    bool m_isWriting = false; // in parts
 };
 
 /**
@@ -146,7 +149,9 @@ private:
  */
 class SaveGroup {
 public:
-    explicit SaveGroup(ManagedObjectContext& context);
+    enum class Kind { Lasting, Cancellable };
+
+    explicit SaveGroup(ManagedObjectContext& context, Kind kind = Kind::Lasting);
     /** Finishes the group; an error is logged and leaves the changes pending. */
     ~SaveGroup();
     SaveGroup(const SaveGroup&) = delete;
@@ -155,10 +160,18 @@ public:
     /** Ends the group early; after an error all changes are still pending. */
     [[nodiscard]] std::optional<StoreError> finish();
 
+    /** Writes a part of what finish() is to write, which nothing may change from now on, and tells
+     * how much of it is written; nothing when there is none left, or it cannot be written. */
+    std::optional<double> writePart();
+    /** Ends a group that can be cancelled as if it had never begun: what was inserted and changed
+     * in it is taken back, in memory and on disk. Deletions stay. */
+    void cancel();
+
 private:
     void finishAndLog();
 
     ManagedObjectContext& m_context;
+    Kind m_kind;
     bool m_isOpen = true;
     FatalErrorCleanup m_cleanup;
 };

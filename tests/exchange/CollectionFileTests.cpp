@@ -10,11 +10,13 @@ using std::chrono::sys_days;
 namespace {
 
 std::optional<std::vector<QuoteLine>> quotes(const QString& document) {
+    if (!isQuoteCollection(document))
+        return std::nullopt;
     std::vector<QuoteLine> read;
-    const bool isCollection =
-        readQuoteLines(document, [&](const QuoteLine& line) { read.push_back(line); });
-    EXPECT_TRUE(isCollection || read.empty());
-    return isCollection ? std::optional(read) : std::nullopt;
+    QuoteLineReader reader(document);
+    while (const auto line = reader.next())
+        read.push_back(*line);
+    return read;
 }
 
 std::optional<std::vector<QuoteLine>> quotes(const char* document) {
@@ -29,8 +31,10 @@ QuoteLine quote(const char* author, const char* topic, const char* source, const
 
 std::vector<QString> topics(const char* document) {
     std::vector<QString> names;
-    readTopicNames(QString::fromUtf8(document),
-                   [&names](const QString& name) { names.push_back(name); });
+    const QString text = QString::fromUtf8(document);
+    TopicNameReader reader(text);
+    while (const auto name = reader.next())
+        names.push_back(*name);
     return names;
 }
 

@@ -15,6 +15,7 @@ protected:
         load(content);
         presentedAlert(*screen)->choose(0);
         screen->ImportButton->press();
+        application.finishLongWork();
     }
 
     void load(const QByteArray& content) {
@@ -202,6 +203,36 @@ TEST_F(Import, TakesHugeLinesAndStrangeBytes) {
     EXPECT_EQ(imported.at(1), "B^T^S^-^five");
     EXPECT_EQ(imported.at(2), QString::fromLatin1("C^T^S^-^nul \0 within", 20));
     EXPECT_EQ(topics(), QStringList("last"));
+}
+
+TEST_F(Import, LeavesTheStoreAsItWasWhenItIsCancelled) {
+    import("[QUOTECOLLECTION]\nAnn^Hope^Diary^2021-03-07 14:05:09 +0000^before\nAnn^Hope^^^x\n"
+           "[TOPICCOLLECTION]\nHope\n");
+    const auto before = quotes();
+    QByteArray file = "[QUOTECOLLECTION]\nAnn^Hope^Diary^2022-03-07 14:05:09 +0000^after\n";
+    constexpr int many = 10'000;
+    for (int i = 0; i < many; ++i)
+        file += "Bob^Hope^Letter " + QByteArray::number(i) + "^^text\n";
+    load(file + "[TOPICCOLLECTION]\nFear\n");
+    presentedAlert(*screen)->choose(0);
+    // In the midst of the lines, and of what is written then.
+    for (const double done : {0.1, 0.6}) {
+        screen->ImportButton->press();
+        while (application.longWork.done() < done) {
+            ASSERT_EQ(application.longWork.title(), "Importing");
+            application.mainQueue.runAll();
+        }
+        application.longWork.cancel();
+        EXPECT_FALSE(screen->presentedViewController());
+        EXPECT_EQ(quotes(), before);
+        EXPECT_EQ(topics(), QStringList("Hope"));
+        EXPECT_FALSE(application.context().hasChanges());
+    }
+    screen->ImportButton->press();
+    application.finishLongWork();
+    EXPECT_EQ(quotes().size(), many + 2);
+    EXPECT_TRUE(quotes().front().endsWith(QStringLiteral("after")));
+    EXPECT_EQ(presentedAlert(*screen)->message(), "Data File Import Completed");
 }
 
 } // namespace

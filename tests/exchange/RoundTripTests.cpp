@@ -36,6 +36,7 @@ void import(TestApplication& application, const QByteArray& content) {
     screen.viewDidLoad();
     screen.didPickDocumentAtURL(QUrl::fromLocalFile(path));
     screen.ImportButton->press();
+    application.finishLongWork();
 }
 
 /** Every quote in store order, absent attributes told apart from empty ones. */

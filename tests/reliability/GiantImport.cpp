@@ -71,6 +71,7 @@ int import(const Giant& giant) {
     screen.didPickDocumentAtURL(QUrl::fromLocalFile(path));
     presentedAlert(screen)->choose(0);
     screen.ImportTextFile();
+    application.finishLongWork();
     const bool isImported = giant.isImported(application.delegate);
     const qint64 memory = peakMemory() - before;
     std::printf("%s: %lld MiB, %d lines, %.1f s, %lld MiB of memory%s\n", giant.name,

@@ -546,12 +546,16 @@ protected:
             return result;
         const QString text = QString::fromUtf8(*bytes);
         EXPECT_TRUE(text.endsWith(u'\n'));
-        EXPECT_TRUE(readQuoteLines(text, [&result](const QuoteLine& line) {
-            if (!line.topic.isEmpty())
+        EXPECT_TRUE(isQuoteCollection(text));
+        QuoteLineReader quotes(text);
+        while (const auto line = quotes.next()) {
+            if (!line->topic.isEmpty())
                 result.insert(
-                    QStringList({line.author, line.topic, line.source, line.quote}).join(u'^'));
-        }));
-        readTopicNames(text, [&result](const QString& topic) { result.insert(topic); });
+                    QStringList({line->author, line->topic, line->source, line->quote}).join(u'^'));
+        }
+        TopicNameReader topics(text);
+        while (const auto topic = topics.next())
+            result.insert(*topic);
         return result;
     }
 

@@ -48,6 +48,7 @@ protected:
         import.viewDidLoad();
         import.didPickDocumentAtURL(QUrl::fromLocalFile(collection));
         import.ImportTextFile();
+        application.finishLongWork();
         application.delegate.saveContext();
 
         MasterViewController list(application.delegate);

@@ -252,8 +252,10 @@ TEST_F(PersistenceTest, GoesOnAfterATransactionThatFailed) {
     const auto opened = StoreConnection::open(folder(), QStringLiteral("Lantern"));
     auto& connection = *std::get<std::shared_ptr<StoreConnection>>(opened);
     // SQLite itself ends a transaction after a full disk, and not after all that may happen.
-    EXPECT_TRUE(connection.transaction([] { return SQLITE_TOOBIG; }));
-    EXPECT_FALSE(connection.transaction([] { return SQLITE_DONE; }));
+    EXPECT_FALSE(connection.begin());
+    EXPECT_TRUE(connection.end(SQLITE_TOOBIG));
+    EXPECT_FALSE(connection.begin());
+    EXPECT_FALSE(connection.end(SQLITE_DONE));
 }
 
 TEST_F(PersistenceTest, KeepsASaveWhenTheProcessIsKilledAndItsLogShort) {

@@ -62,3 +62,45 @@ TEST_F(SaveGroupTest, LeavesTheStoreAsItWasWhenTheProcessIsKilled) {
     ASSERT_TRUE(WIFSIGNALED(status));
     EXPECT_EQ(topics(open()->viewContext()), std::vector{QStringLiteral("before")});
 }
+
+TEST_F(SaveGroupTest, TakesAllBackWhenItIsCancelled) {
+    const auto container = open();
+    auto& context = container->viewContext();
+    const auto quotesBy = [&context](const char* author) {
+        auto request = Event::fetchRequest();
+        request.predicate = Event::Keys::author == QString::fromLatin1(author);
+        return context.fetch(request).records.size();
+    };
+    const auto values = [](const Event& quote) {
+        return std::tuple(quote.author(), quote.quote(), quote.timestamp(), quote.hasChanges());
+    };
+    auto& saved = *context.insert<Event>();
+    saved.setAuthor(QStringLiteral("Ann"));
+    saved.setQuote(QStringLiteral("before"));
+    saved.setTimestamp(Date(std::chrono::hours(5)));
+    save(context);
+    auto& pending = *context.insert<Event>();
+    pending.setAuthor(QStringLiteral("Ann"));
+    const auto before = std::tuple(values(saved), values(pending));
+    for (const bool isWritten : {false, true}) {
+        SaveGroup group(context, SaveGroup::Kind::Cancellable);
+        for (Event* quote : {&saved, &pending, context.insert<Event>()}) {
+            quote->setAuthor(QStringLiteral("Bob"));
+            quote->setQuote(QString(1000, u'x'));
+            quote->setQuote(std::nullopt);
+            quote->setTimestamp(std::nullopt);
+        }
+        save(context);
+        EXPECT_EQ(quotesBy("Bob"), 3);
+        if (isWritten) {
+            EXPECT_FALSE(group.writePart());
+        }
+        group.cancel();
+        EXPECT_EQ(std::tuple(values(saved), values(pending)), before);
+        EXPECT_EQ(quotesBy("Bob"), 0);
+        EXPECT_EQ(quotesBy("Ann"), 2);
+    }
+    save(context);
+    const auto witness = open();
+    EXPECT_EQ(witness->viewContext().fetch(Event::fetchRequest()).records.size(), 2);
+}

@@ -31,6 +31,11 @@ TestApplication::~TestApplication() {
     setFatalErrorHandler(nullptr);
 }
 
+void TestApplication::finishLongWork() {
+    while (!longWork.title().isEmpty())
+        mainQueue.runAll();
+}
+
 Event& TestApplication::addQuote(const QuoteValues& values) {
     const auto text = [](const char* value) {
         return value ? std::optional(QString::fromUtf8(value)) : std::nullopt;

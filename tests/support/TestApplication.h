@@ -63,6 +63,7 @@ public:
 
     ManagedObjectContext& context() { return delegate.persistentContainer().viewContext(); }
     Event& addQuote(const QuoteValues& values);
+    void finishLongWork();
     template <class Record>
     std::vector<Record*> all() {
         return context().fetch(Record::fetchRequest()).records;

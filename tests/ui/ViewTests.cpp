@@ -444,6 +444,27 @@ TEST_F(Views, RateShareRowsWorkByTapAndByKeyboard) {
     pilot->find(QStringLiteral("OK"));
 }
 
+TEST_F(Views, LongWorkTakesAllInputUntilItIsCancelled) {
+    LongWork& work = program.application().services.longWork;
+    for (const bool byKey : {false, true}) {
+        int ends = 0;
+        work.run(
+            QStringLiteral("Working"), [] { return std::optional(0.25); },
+            [&ends](bool isCancelled) { ends += isCancelled ? 1 : 100; });
+        EXPECT_EQ(pilot->find(QStringLiteral("Working")).property("value"), 0.25);
+        pilot->press(Qt::Key_F, Qt::ControlModifier);
+        pilot->tap(QStringLiteral("Menu"));
+        EXPECT_FALSE(pilot->look(QStringLiteral("Quote List")));
+        EXPECT_EQ(ends, 0);
+        if (byKey)
+            pilot->press(Qt::Key_Escape);
+        else
+            pilot->tap(QStringLiteral("Cancel"));
+        EXPECT_EQ(ends, 1);
+        EXPECT_TRUE(Pilot::waitFor([&] { return !pilot->look(QStringLiteral("Cancel")); }));
+    }
+}
+
 TEST_F(Views, WhatIsNotOnDiskIsSaidUntilItIs) {
     program.application().notOnDiskChanged(QStringLiteral("Not on disk yet: no space left"));
     QQuickItem& line = pilot->find(QStringLiteral("Not on disk yet: no space left"));
