@@ -179,7 +179,11 @@ Item {
                 text: item.title
                 bold: text === qsTr("Save")
                 symbol: root.symbolOf(item, root.worded)
-                onClicked: root.act(() => item.press())
+                onClicked: {
+                    // The button may have gone when it is known that it may act.
+                    const pressed = item;
+                    root.act(() => pressed.press());
+                }
             }
         }
     }

@@ -53,7 +53,8 @@ def states(node):
 
 
 def role(node):
-    return node.get_role_name()
+    """Its role; what older registries call a push button is a button to newer ones."""
+    return node.get_role_name().removeprefix("push ")
 
 
 def text(node):
