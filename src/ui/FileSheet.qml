@@ -97,6 +97,8 @@ BottomSheet {
             anchors.topMargin: Theme.barHeight
             model: files
             reuseItems: true
+            // What is made ahead stays out of the accessibility tree from Qt 6.8 on.
+            cacheBuffer: 0
             boundsBehavior: Flickable.StopAtBounds
             keyNavigationEnabled: false
             highlightFollowsCurrentItem: false

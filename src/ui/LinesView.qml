@@ -86,6 +86,8 @@ FocusScope {
         anchors.margins: 6
         model: root.control.lines
         reuseItems: true
+        // What is made ahead stays out of the accessibility tree from Qt 6.8 on.
+        cacheBuffer: 0
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         focus: true

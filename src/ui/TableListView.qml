@@ -190,6 +190,8 @@ FocusScope {
         anchors.right: parent.right
         model: root.table
         reuseItems: true
+        // What is made ahead stays out of the accessibility tree from Qt 6.8 on.
+        cacheBuffer: 0
         currentIndex: -1
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false

@@ -88,6 +88,8 @@ FocusScope {
         anchors.fill: parent
         clip: true
         reuseItems: true
+        // What is made ahead stays out of the accessibility tree from Qt 6.8 on.
+        cacheBuffer: 0
         keyNavigationEnabled: false
         snapMode: ListView.SnapToItem
         highlightRangeMode: ListView.StrictlyEnforceRange
