@@ -47,7 +47,7 @@ private:
     QPageRanges m_ranges;
     QRectF m_body; ///< of a page, in dots from its corner
     QPainter m_painter;
-    qsizetype m_drawn = 0; ///< of the markup
+    qsizetype m_drawn = 0;                          ///< of the markup
     std::optional<Qt::LayoutDirection> m_direction; ///< of its first part
     int m_page = 0;
     double m_used = 0; ///< of the page's height
