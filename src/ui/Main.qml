@@ -99,22 +99,30 @@ T.ApplicationWindow {
         enabled: !root.ending
         window: root
         navigation: root.window?.rootViewController as NavigationController
-        onListAsked: keyList.open()
+        onListAsked: {
+            keyList.needed = true;
+            (keyList.item as KeyList).open();
+        }
     }
 
-    KeyList {
+    LateItem {
         id: keyList
+
+        KeyList {}
     }
 
-    TextMenu {
+    LateItem {
         id: textMenu
+
+        TextMenu {}
     }
 
     Connections {
         target: Editing
 
         function onMenuAsked(field: Item, place: point) {
-            textMenu.openAt(field, place);
+            textMenu.needed = true;
+            (textMenu.item as TextMenu).openAt(field, place);
         }
     }
 

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Lantern
 
@@ -9,27 +11,46 @@ Item {
     required property LongWork work
 
     readonly property ViewController presented: presenter?.presentedViewController ?? null
+    readonly property AlertController alert: presented as AlertController
+    readonly property ActivityViewController activity: presented as ActivityViewController
     readonly property DocumentPickerViewController documentPicker: presented as DocumentPickerViewController
 
     /** Nothing below takes input. */
-    readonly property bool presents: presented !== null || (work?.title ?? "") !== ""
+    readonly property bool presents: presented !== null || isWorking
+    readonly property bool isWorking: (work?.title ?? "") !== ""
 
     onPresentsChanged: Editing.presenting = presents
 
-    AlertSheet {
-        alert: root.presented as AlertController
+    LateItem {
+        needed: root.alert !== null
+
+        AlertSheet {
+            alert: root.alert
+        }
     }
 
-    ShareSheet {
-        activity: root.presented as ActivityViewController
+    LateItem {
+        needed: root.activity !== null
+
+        ShareSheet {
+            activity: root.activity
+        }
     }
 
-    FileSheet {
-        picker: FileChooser.native ? null : root.documentPicker
+    LateItem {
+        needed: !FileChooser.native && root.documentPicker !== null
+
+        FileSheet {
+            picker: FileChooser.native ? null : root.documentPicker
+        }
     }
 
-    LongWorkSheet {
-        work: root.work
+    LateItem {
+        needed: root.isWorking
+
+        LongWorkSheet {
+            work: root.work
+        }
     }
 
     // Its library is not loaded before there is a file to choose.
