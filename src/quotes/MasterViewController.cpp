@@ -92,6 +92,7 @@ void MasterViewController::segmentedControlActionWithSender(SegmentedControl& se
     if (index < placeholders.size())
         searchController->searchBar()->setPlaceholder(placeholders.at(index));
     refresh();
+    prepareSearchOfQuotes();
 }
 
 void MasterViewController::updateSearchResultsForSearchController(SearchController& controller) {
@@ -218,6 +219,14 @@ void MasterViewController::deleteQuote(int row) {
                   if (screen && screen->searchController->searchBar()->text() == search)
                       screen->putBackInSearch(quote, row);
               });
+}
+
+// Who chooses this segment is about to search; who does not is spared the memory.
+void MasterViewController::prepareSearchOfQuotes() {
+    m_application.services.mainQueue.after(0, [screen = QPointer(this)] {
+        if (screen && screen->segment->selectedIndex() == Quote && prepareSearch(screen->QuoteList))
+            screen->prepareSearchOfQuotes();
+    });
 }
 
 void MasterViewController::putBackInSearch(Event& quote, int row) {

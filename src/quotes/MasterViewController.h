@@ -50,6 +50,8 @@ private:
     enum Segment { Topic, Author, Source, Quote };
 
     void refresh();
+    /** While nothing else is to be done. */
+    void prepareSearchOfQuotes();
     void deleteQuote(int row);
     /** A refresh brings back the quotes of the whole list, not those of a search. */
     void putBackInSearch(Event& quote, int row);

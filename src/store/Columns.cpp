@@ -7,6 +7,7 @@
 #include <array>
 #include <chrono>
 #include <iterator>
+#include <limits>
 #include <numeric>
 #include <utility>
 
@@ -266,13 +267,19 @@ RowTest TextColumn::equalTo(const std::variant<QString, Date>& value) const {
     };
 }
 
-RowTest TextColumn::containing(const QString& searchText) const {
-    if (m_folded.count() == 0 || m_changed.size() > 64 + m_places.size() / 64) {
+bool TextColumn::foldSome(qsizetype most) const {
+    if (m_changed.size() > 64 + m_places.size() / 64) {
         m_folded.clear();
         m_changed.clear();
-        for (Row row = 0; row < m_places.size(); ++row)
-            m_folded.append(bytes(row).value_or(QByteArrayView()));
     }
+    const qsizetype before = m_folded.size();
+    while (m_folded.count() < m_places.size() && m_folded.size() - before < most)
+        m_folded.append(bytes(Row(m_folded.count())).value_or(QByteArrayView()));
+    return m_folded.count() < m_places.size();
+}
+
+RowTest TextColumn::containing(const QString& searchText) const {
+    foldSome(std::numeric_limits<qsizetype>::max());
     const QByteArray wanted = searchText.toUtf8();
     std::vector<bool> answers(m_places.size());
     for (const Row row : m_folded.containing(wanted))
@@ -306,7 +313,7 @@ bool TextColumn::setBytes(Row row, std::optional<QByteArrayView> text) {
     }
     if (m_replacedSize > m_bytes.size() / 2 && !m_keeps)
         tidy();
-    if (m_folded.count() > 0)
+    if (row < m_folded.count())
         m_changed.push_back(row);
     return true;
 }
@@ -320,7 +327,7 @@ void TextColumn::giveBack(Row row, Kept place) {
     m_replacedSize += std::max<qsizetype>(m_places[row].size, 0);
     m_replacedSize -= std::max<qsizetype>(place.size, 0);
     m_places[row] = place;
-    if (m_folded.count() > 0)
+    if (row < m_folded.count())
         m_changed.push_back(row);
 }
 

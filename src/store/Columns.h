@@ -114,6 +114,9 @@ public:
     void endKeeping() { m_keeps = false; }
 
     RowTest equalTo(const std::variant<QString, Date>& value) const;
+    /** Lowers some more texts, up to that many bytes at a time, for the search to come; whether it
+     * has left any. */
+    bool foldSome(qsizetype bytes) const;
     RowTest containing(const QString& searchText) const;
     void sort(std::vector<Row>& rows, bool ascending) const;
 
@@ -125,8 +128,8 @@ private:
     qsizetype m_replacedSize = 0;
     bool m_keeps = false;               // what was replaced too, where it is
     std::vector<Place> m_places;        // by row
-    mutable FoldedTexts m_folded;       // by row; made by the first search
-    mutable std::vector<Row> m_changed; // since then
+    mutable FoldedTexts m_folded;       // by row, short of the newest rows
+    mutable std::vector<Row> m_changed; // after they were folded
 };
 
 /** Moments in time. */

@@ -235,6 +235,11 @@ void EntityTable::setDate(Row row, std::size_t attribute, std::optional<Date> da
         set<DateColumn>(row, attribute, date);
 }
 
+bool EntityTable::foldSome(std::size_t attribute, qsizetype bytes) {
+    needValues();
+    return std::get<TextColumn>(m_columns[attribute]).foldSome(bytes);
+}
+
 RowTest EntityTable::containing(std::size_t attribute, const QString& foldedSearchText) {
     needValues();
     if (const auto* names = std::get_if<NameColumn>(&m_columns[attribute]))

@@ -57,6 +57,8 @@ public:
     /** A change of a deleted record is ignored. */
     void setText(Row row, std::size_t attribute, const std::optional<QString>& text);
     void setDate(Row row, std::size_t attribute, std::optional<Date> date);
+    /** Of an attribute that holds long texts; whether there is more to fold. */
+    bool foldSome(std::size_t attribute, qsizetype bytes);
     RowTest containing(std::size_t attribute, const QString& foldedSearchText);
 
     bool hasChanges() const;

@@ -25,6 +25,7 @@ public:
     void append(QByteArrayView text);
     void clear();
     std::size_t count() const { return m_ends.size(); }
+    qsizetype size() const { return m_bytes.size(); } ///< bytes
     QByteArrayView text(std::size_t place) const;
 
     /** The places, in order, of the texts that contain a folded search text in UTF-8; an empty

@@ -25,3 +25,9 @@ std::vector<Event*> matching(const std::vector<Event*>& list, TextKey<Event> key
                  [&](const Event* event) { return contains(EntityTable::rowOf(*event)); });
     return result;
 }
+
+bool prepareSearch(const std::vector<Event*>& list) {
+    constexpr qsizetype someBytes = 1 << 20;
+    return !list.empty() &&
+           EntityTable::of(*list.front()).foldSome(Event::Keys::quote.attribute, someBytes);
+}

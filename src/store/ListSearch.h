@@ -17,3 +17,7 @@ QStringList matching(const QStringList& list, const QString& searchText);
 /** The same for one text of quotes, which are all of one context. */
 std::vector<Event*> matching(const std::vector<Event*>& list, TextKey<Event> key,
                              const QString& searchText);
+
+/** Does a millisecond or so of what the first search of the quotes' own texts needs, for all quotes
+ * of the list's context; whether there is more to do. A search does what is left. */
+bool prepareSearch(const std::vector<Event*>& list);

@@ -131,6 +131,25 @@ TEST_F(ListSearchTest, FollowsChangesAfterTheFirstSearch) {
     EXPECT_EQ(found(list, QStringLiteral("changed")), list) << "the list still shows it";
 }
 
+TEST_F(ListSearchTest, IsPreparedInPartsBetweenWhichTextsChange) {
+    const QString longText = QStringLiteral("LONG ").repeated(150'000);
+    std::vector<Event*> list(5);
+    std::ranges::generate(list,
+                          [&, i = 0]() mutable { return insert(longText + char16_t('0' + i++)); });
+    EXPECT_FALSE(prepareSearch({}));
+    ASSERT_TRUE(prepareSearch(list));
+    for (const auto row : {0U, 4U}) {
+        list[row]->setQuote(QStringLiteral("Changed"));
+        list[row]->setAuthor(QStringLiteral("Changed"));
+    }
+    list.push_back(insert(QStringLiteral("ADDED LONG 7")));
+    ASSERT_TRUE(prepareSearch(list));
+    EXPECT_EQ(found(list, QStringLiteral("changed")), (std::vector{list[0], list[4]}));
+    EXPECT_EQ(found(list, QStringLiteral("long 3")), std::vector{list[3]});
+    EXPECT_EQ(found(list, QStringLiteral("long 7")), std::vector{list[5]});
+    EXPECT_FALSE(prepareSearch(list));
+}
+
 TEST_F(ListSearchTest, SearchesListsOfTexts) {
     const QStringList list{QStringLiteral("smith"), QString(), QStringLiteral("Jones"),
                            QStringLiteral("Smith")};
