@@ -8,7 +8,7 @@ import Lantern
 T.Popup {
     id: root
 
-    required property AlertController alert
+    property AlertController alert: null
 
     // The alert is gone before its sheet has faded.
     property string heading

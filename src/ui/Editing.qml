@@ -8,7 +8,9 @@ import Lantern
 QtObject {
     property ToolkitTextInput input: null
     property Item field: null
-    /** What holds the input views. */
+    /** Is told how much of the window the input views cover. */
+    property Keyboard keyboard: null
+    /** What holds the input views, once a field has been edited. */
     property Item sheet: null
     property real sheetHeight: 0
     /** How much of it the offer to undo covers. */

@@ -17,7 +17,7 @@ Item {
             Editing.input = control;
             field.forceActiveFocus();
         } else {
-            const hadFocus = field.activeFocus || Editing.sheet.activeFocus;
+            const hadFocus = field.activeFocus || (Editing.sheet?.activeFocus ?? false);
             field.focus = false;
             if (hadFocus)
                 scope.forceActiveFocus();
@@ -34,7 +34,7 @@ Item {
         id: left
 
         interval: 0
-        onTriggered: if (!root.field.activeFocus && !Editing.sheet.activeFocus
+        onTriggered: if (!root.field.activeFocus && !(Editing.sheet?.activeFocus ?? false)
                          && root.Window.active)
             root.control.endEditing()
     }

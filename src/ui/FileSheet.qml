@@ -8,7 +8,7 @@ import Lantern
 BottomSheet {
     id: root
 
-    required property DocumentPickerViewController picker
+    property DocumentPickerViewController picker: null
 
     function choose(row: int): void {
         if (row < 0 || row >= files.count)

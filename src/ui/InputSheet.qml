@@ -10,8 +10,6 @@ import Lantern
 FocusScope {
     id: root
 
-    required property Keyboard keyboard
-
     readonly property ToolkitTextInput input: Editing.input
     readonly property ToolkitView inputView: input?.inputView ?? null
     readonly property bool open: inputView !== null
@@ -76,9 +74,9 @@ FocusScope {
     onCoveredChanged: {
         Editing.sheetHeight = covered;
         if (covered > 0)
-            keyboard.willChangeFrame(covered);
+            Editing.keyboard.willChangeFrame(covered);
         else
-            keyboard.willHide();
+            Editing.keyboard.willHide();
     }
     Keys.onEscapePressed: input?.endEditing()
 

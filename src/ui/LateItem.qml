@@ -1,15 +1,21 @@
 import QtQuick
 
-/** Makes its content when that is first needed, and keeps it, so that the start does not wait for
- * it. */
+/** Loads an item or a sheet when it is first needed, and keeps it: a start waits for none of their
+ * files. */
 Item {
     id: root
 
-    default required property Component content
-
+    required property string file
     property bool needed: false
     property QtObject item: null
 
-    onNeededChanged: if (needed && item === null)
-        item = content.createObject(root)
+    /** Its properties can be bound. */
+    signal made
+
+    onNeededChanged: {
+        if (!needed || item !== null)
+            return;
+        item = Qt.createComponent(file).createObject(root);
+        made();
+    }
 }

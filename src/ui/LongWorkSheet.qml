@@ -9,7 +9,7 @@ import Lantern
 T.Popup {
     id: root
 
-    required property LongWork work
+    property LongWork work: null
 
     readonly property bool isRunning: (work?.title ?? "") !== ""
 

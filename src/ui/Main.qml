@@ -37,7 +37,10 @@ T.ApplicationWindow {
     visibility: startsMaximized ? Window.Maximized : Window.Windowed
     title: qsTr("Lantern")
     color: Theme.paper
-    Component.onCompleted: Theme.appearance = appearance
+    Component.onCompleted: {
+        Theme.appearance = appearance;
+        Editing.keyboard = keyboard;
+    }
     onClosing: close => {
         if (!ending)
             longWork.cancel();
@@ -83,8 +86,10 @@ T.ApplicationWindow {
             anchors.bottom: parent.bottom
         }
 
-        InputSheet {
-            keyboard: root.keyboard
+        LateItem {
+            anchors.fill: parent
+            file: "InputSheet.qml"
+            needed: Editing.field !== null
         }
 
         UndoBar {
@@ -108,13 +113,13 @@ T.ApplicationWindow {
     LateItem {
         id: keyList
 
-        KeyList {}
+        file: "KeyList.qml"
     }
 
     LateItem {
         id: textMenu
 
-        TextMenu {}
+        file: "TextMenu.qml"
     }
 
     Connections {

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Lantern
 
@@ -22,35 +20,27 @@ Item {
     onPresentsChanged: Editing.presenting = presents
 
     LateItem {
+        file: "AlertSheet.qml"
         needed: root.alert !== null
-
-        AlertSheet {
-            alert: root.alert
-        }
+        onMade: (item as AlertSheet).alert = Qt.binding(() => root.alert)
     }
 
     LateItem {
+        file: "ShareSheet.qml"
         needed: root.activity !== null
-
-        ShareSheet {
-            activity: root.activity
-        }
+        onMade: (item as ShareSheet).activity = Qt.binding(() => root.activity)
     }
 
     LateItem {
+        file: "FileSheet.qml"
         needed: !FileChooser.native && root.documentPicker !== null
-
-        FileSheet {
-            picker: FileChooser.native ? null : root.documentPicker
-        }
+        onMade: (item as FileSheet).picker = Qt.binding(() => FileChooser.native ? null : root.documentPicker)
     }
 
     LateItem {
+        file: "LongWorkSheet.qml"
         needed: root.isWorking
-
-        LongWorkSheet {
-            work: root.work
-        }
+        onMade: (item as LongWorkSheet).work = Qt.binding(() => root.work)
     }
 
     // Its library is not loaded before there is a file to choose.

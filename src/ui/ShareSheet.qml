@@ -7,7 +7,7 @@ import Lantern
 BottomSheet {
     id: root
 
-    required property ActivityViewController activity
+    property ActivityViewController activity: null
 
     property list<string> titles
 

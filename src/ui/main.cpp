@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QQuickWindow>
 #include <QUrl>
 
 #include <optional>
@@ -24,6 +25,14 @@ std::optional<QUrl> fileToOpen() {
     return QUrl::fromLocalFile(QDir::current().absoluteFilePath(arguments[1]));
 }
 
+/** Only then, so that the first frame does not wait for the formats of pictures. */
+void setIconAfterTheFirstFrame(const QQuickWindow& window) {
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, qApp,
+        [] { QApplication::setWindowIcon(QIcon(QStringLiteral(":/lantern.png"))); },
+        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -34,7 +43,6 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern"));
     QApplication::setApplicationVersion(QStringLiteral(LANTERN_VERSION));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/lantern.png")));
     QApplication::setDesktopFileName(QStringLiteral("example.lantern.Lantern"));
     describeItemsToAssistiveTechnology();
     quitOnSignals();
@@ -48,6 +56,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     if (const auto file = fileToOpen())
         program.openCollectionFile(*file);
+    setIconAfterTheFirstFrame(program.quickWindow());
     const RunningProgram running(program.quickWindow());
     const int status = QApplication::exec();
     program.application().applicationWillTerminate();

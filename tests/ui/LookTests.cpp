@@ -97,13 +97,16 @@ private:
             action(item);
         // Nor does it matter what a sheet covers, which is the last of its siblings.
         const QList<QQuickItem*> children = item.childItems();
-        const auto sheet = std::find_if(children.begin(), children.end(), [](QQuickItem* child) {
-            return child->isVisible() &&
-                   QByteArray(child->metaObject()->className()).startsWith("InputSheet_");
-        });
         for (const QQuickItem* child : children) {
-            if (sheet != children.end())
-                m_sheet = child == *sheet ? QRect() : shownPart(**sheet);
+            for (const QQuickItem* sheet : child->childItems()) {
+                if (sheet->isVisible() &&
+                    QByteArray(sheet->metaObject()->className()).startsWith("InputSheet_"))
+                    m_sheet = shownPart(*sheet);
+            }
+        }
+        for (const QQuickItem* child : children) {
+            if (QByteArray(child->metaObject()->className()).startsWith("LateItem_"))
+                m_sheet = QRect();
             walk(*child, dims, action);
         }
     }
@@ -155,6 +158,7 @@ TEST_F(Looks, AreReadAndPressedWithEaseInEveryScreen) {
     pilot->press(Qt::Key_Escape);
     pilot->tap(QStringLiteral("Topic"));
     measure("Names to pick");
+    pilot->tap(QStringLiteral("Done"));
     for (const char* style : {"UseDateWheel", "UseDateInline"}) {
         auto& settings = program.application().services.userDefaults;
         settings.setBool(QLatin1String(style), true);
