@@ -94,7 +94,7 @@ QJsonObject measured(const QString& storeFolder) {
     Pilot pilot(program.quickWindow());
     pilot.tap(QStringLiteral("Menu"));
     pilot.tap(QStringLiteral("Quote List"));
-    QQuickItem& list = pilot.find(QStringLiteral("Rows"));
+    QQuickItem& list = pilot.list();
     QJsonObject results;
     results[QStringLiteral("memory")] = residentMemory();
     add(results, QStringLiteral("frame"), timesOfFrames(list));

@@ -48,7 +48,8 @@ T.Menu {
             leftPadding: Theme.margin
             rightPadding: Theme.margin
             text: modelData
-            objectName: text
+            Accessible.role: Accessible.MenuItem
+            Accessible.name: text
             onTriggered: root.chosen(root.row, index)
 
             background: Rectangle {

@@ -14,7 +14,6 @@ Item {
     implicitWidth: control.style === ToolkitActivityIndicatorView.Large ? 44 : 24
     implicitHeight: implicitWidth
     visible: !control.hidden
-    objectName: control.accessibilityLabel
     Accessible.role: Accessible.Animation
     Accessible.name: control.accessibilityLabel
 

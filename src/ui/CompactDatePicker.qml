@@ -37,7 +37,6 @@ FocusScope {
             visible: !root.unfolded
             focus: visible
             text: root.picker.text
-            objectName: root.picker.accessibilityLabel
             Accessible.name: root.picker.accessibilityLabel
             Accessible.description: text
             onClicked: root.unfolded = true

@@ -105,7 +105,6 @@ BottomSheet {
             clip: true
             focus: true
             activeFocusOnTab: true
-            objectName: "Files"
             Accessible.role: Accessible.List
             Accessible.name: qsTr("Files")
 
@@ -153,7 +152,6 @@ BottomSheet {
                 rightPadding: Theme.margin
                 focusPolicy: Qt.NoFocus
                 text: fileName
-                objectName: text
                 Accessible.role: Accessible.ListItem
                 Accessible.name: text
                 Accessible.description: fileIsDir ? qsTr("Folder") : ""

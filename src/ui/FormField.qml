@@ -44,7 +44,6 @@ FocusScope {
         selectedTextColor: Theme.accentInk
         focus: true
         text: root.control.text
-        objectName: root.control.accessibilityLabel
         Accessible.role: Accessible.EditableText
         Accessible.name: root.control.accessibilityLabel
         // A text that is too long for the field shows its beginning, until it is edited.

@@ -145,7 +145,6 @@ FocusScope {
             selectionColor: Theme.accent
             selectedTextColor: Theme.accentInk
             focus: true
-            objectName: root.control.accessibilityLabel
             Accessible.role: Accessible.EditableText
             Accessible.name: root.control.accessibilityLabel
             Accessible.multiLine: true

@@ -65,7 +65,6 @@ BottomSheet {
             boundsBehavior: Flickable.StopAtBounds
             clip: true
             activeFocusOnTab: true
-            objectName: title.text
             Accessible.role: Accessible.List
             Accessible.name: title.text
             Keys.onUpPressed: flick(0, 600)

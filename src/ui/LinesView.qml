@@ -93,7 +93,6 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         keyNavigationEnabled: false
-        objectName: root.control.accessibilityLabel
         Keys.onUpPressed: event => event.modifiers & Qt.ShiftModifier
                                    ? root.extend(-1) : root.scroll(-2 * Theme.touchTarget)
         Keys.onDownPressed: event => event.modifiers & Qt.ShiftModifier

@@ -119,7 +119,6 @@ FocusScope {
             activeFocusOnTab: true
             focus: true
             Accessible.role: Accessible.Table
-            objectName: root.picker.accessibilityLabel
             Accessible.name: root.picker.accessibilityLabel
             Keys.onLeftPressed: root.go(-1)
             Keys.onRightPressed: root.go(1)
@@ -167,8 +166,7 @@ FocusScope {
                     chosen: root.year === root.picker.year && root.month === root.picker.month
                             && day === root.picker.day
                     ringed: chosen && grid.activeFocus
-                    objectName: shown ? root.picker.dayTitle(root.month, day) : ""
-                    Accessible.name: objectName
+                    Accessible.name: shown ? root.picker.dayTitle(root.month, day) : ""
                     onClicked: root.picker.choose(root.year, root.month, day)
                 }
             }

@@ -18,6 +18,8 @@ FocusScope {
     /** What a press in that list asks for, once what it led to has been left. */
     property var afterBack: null
 
+    /** Whether the screen that comes takes no press yet. */
+    readonly property bool arriving: stack.busy || arrival.running
     readonly property bool wide: width >= 900
     readonly property real asideWidth: Math.max(340, Math.min(420, Math.round(0.34 * width)))
 
@@ -99,7 +101,7 @@ FocusScope {
 
         function onPushed(screen: ViewController): void {
             root.push(screen, T.StackView.PushTransition);
-            arriving.restart();
+            arrival.restart();
         }
 
         function onPopped(screen: ViewController): void {
@@ -108,7 +110,7 @@ FocusScope {
                       root.wide ? T.StackView.Immediate : T.StackView.PopTransition);
             root.part();
             root.takeFocus();
-            arriving.restart();
+            arrival.restart();
             settled.start();
             acting.action = root.afterBack;
             root.afterBack = null;
@@ -265,11 +267,11 @@ FocusScope {
     MouseArea {
         anchors.fill: parent
         z: 2
-        enabled: stack.busy || arriving.running
+        enabled: root.arriving
     }
 
     Timer {
-        id: arriving
+        id: arrival
 
         interval: 260
     }

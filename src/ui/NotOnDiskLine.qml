@@ -10,5 +10,4 @@ PlainText {
     horizontalAlignment: Text.AlignHCenter
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
-    objectName: text
 }

@@ -47,7 +47,6 @@ Rectangle {
         color: Theme.paper
         font.pixelSize: Theme.secondaryFont
         horizontalAlignment: Text.AlignHCenter
-        objectName: text
         Accessible.ignored: true
     }
 }

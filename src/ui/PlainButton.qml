@@ -16,7 +16,6 @@ T.Button {
     padding: 10
     leftPadding: Theme.margin
     rightPadding: Theme.margin
-    objectName: text
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: root.clicked()

@@ -17,7 +17,6 @@ Rectangle {
     implicitHeight: 4
     radius: height / 2
     color: Theme.well
-    objectName: label
     Accessible.role: Accessible.ProgressBar
     Accessible.name: label
     Accessible.description: qsTr("%1 percent").arg(Math.round(value * 100))

@@ -26,7 +26,6 @@ T.Button {
     opacity: shown
     enabled: control.enabled && !control.hidden
     text: control.accessibilityLabel
-    objectName: text
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: root.clicked()

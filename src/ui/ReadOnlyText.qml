@@ -22,7 +22,6 @@ TextEdit {
     selectionColor: Theme.accent
     selectedTextColor: Theme.accentInk
     activeFocusOnTab: true
-    objectName: name
     Accessible.role: Accessible.EditableText
     Accessible.name: name
     Accessible.readOnly: true

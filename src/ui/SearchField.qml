@@ -24,7 +24,6 @@ T.TextField {
     placeholderText: controller.searchBar.placeholder
     placeholderTextColor: Theme.faintInk
     inputMethodHints: Qt.ImhNoPredictiveText
-    objectName: controller.searchBar.accessibilityLabel
     Accessible.role: Accessible.EditableText
     Accessible.name: controller.searchBar.accessibilityLabel
     Accessible.searchEdit: true

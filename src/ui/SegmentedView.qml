@@ -27,7 +27,6 @@ FocusScope {
     implicitWidth: control.items.length * (2 * Theme.gap + Array.from(control.items).reduce(
         (width, title) => Math.max(width, titles.advanceWidth(title)), 0))
     implicitHeight: Theme.touchTarget
-    objectName: control.accessibilityLabel
     Accessible.role: Accessible.PageTabList
     Accessible.name: control.accessibilityLabel || qsTr("Order")
 
@@ -79,7 +78,6 @@ FocusScope {
                 implicitWidth: implicitContentWidth + 2 * Theme.gap
                 implicitHeight: Theme.touchTarget
                 text: modelData
-                objectName: text
                 focus: selected
                 checkable: false
                 Accessible.role: Accessible.PageTab

@@ -6,6 +6,5 @@ TextButton {
     property string name
 
     text: name
-    objectName: name
     Accessible.name: name
 }

@@ -24,7 +24,6 @@ FocusScope {
     implicitHeight: Theme.controlHeight
     visible: !control.hidden
     activeFocusOnTab: true
-    objectName: control.accessibilityLabel
     Accessible.role: Accessible.SpinBox
     Accessible.name: control.accessibilityLabel
     Accessible.onIncreaseAction: control.increment()

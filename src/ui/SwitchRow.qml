@@ -12,7 +12,6 @@ T.Switch {
     implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + 2 * Theme.gap)
     visible: !control.hidden
     checked: control.on
-    objectName: control.accessibilityLabel
     Accessible.role: Accessible.CheckBox
     Accessible.name: control.accessibilityLabel
     Accessible.checkable: true

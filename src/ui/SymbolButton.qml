@@ -14,7 +14,6 @@ TextButton {
     bold: true
     text: sign
     font.pixelSize: Theme.scaled(signSize)
-    objectName: control.accessibilityLabel
     Accessible.name: control.accessibilityLabel
     onClicked: control.press()
 

@@ -70,7 +70,6 @@ FocusScope {
                     height: parent.height
                     text: modelData
                     checkable: false
-                    objectName: text
                     Accessible.role: Accessible.PageTab
                     Accessible.name: text
                     Accessible.selectable: true

@@ -31,6 +31,9 @@ FocusScope {
     /** The row that stands aside from its actions; null when none does. */
     property Item openRow: null
 
+    /** The row under the mouse; null when none is. */
+    property T.ItemDelegate hoveredRow: null
+
     /** The row whose menu is open; -1 when none is. */
     readonly property int menuRow: menu.visible ? menu.row : -1
 
@@ -43,6 +46,11 @@ FocusScope {
         list.forceActiveFocus();
         if (list.count > 0)
             goTo(0);
+    }
+
+    /** Whether a text in an item is cut off. */
+    function isCut(item: Item): bool {
+        return ((item as Text)?.truncated ?? false) || Array.from(item.children).some(isCut);
     }
 
     function shut(row: Item): void {
@@ -105,6 +113,13 @@ FocusScope {
         onChosen: (row, action) => root.performAction(row, action)
     }
 
+    Hint {
+        parent: root.hoveredRow ?? root
+        text: shown ? root.hoveredRow.Accessible.name : ""
+        shown: root.hoveredRow !== null && !root.hoveredRow.down && root.menuRow < 0
+               && root.isCut(root.hoveredRow.contentItem)
+    }
+
     Column {
         id: head
 
@@ -143,7 +158,6 @@ FocusScope {
             bottomPadding: topPadding
             visible: text !== ""
             control: root.table.header
-            objectName: text
             Accessible.role: Accessible.StaticText
             Accessible.name: text
             onTextChanged: text => {
@@ -200,7 +214,6 @@ FocusScope {
         clip: true
         focus: true
         activeFocusOnTab: true
-        objectName: "Rows"
         Accessible.role: Accessible.List
         Accessible.name: root.table.header?.text ?? ""
 

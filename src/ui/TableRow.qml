@@ -12,7 +12,10 @@ T.ItemDelegate {
     required property int index
     required property TableListView owner
 
+    /** Stays until the row takes another one, so that what shows it is not cleared in between. */
     property TableViewCell cell: null
+    /** Whether the cell is the row's own, not given back. */
+    property bool shown: false
     property list<string> actions
     property bool swiped: false
 
@@ -35,15 +38,15 @@ T.ItemDelegate {
 
     function borrow(): void {
         giveBack();
-        if (index >= 0 && index < owner.table.rowCount())
+        shown = index >= 0 && index < owner.table.rowCount();
+        if (shown)
             cell = owner.table.beginDisplaying(index);
     }
 
     function giveBack(): void {
-        const borrowed = cell;
-        cell = null;
-        if (borrowed !== null)
-            owner.table.endDisplaying(borrowed);
+        if (shown)
+            owner.table.endDisplaying(cell);
+        shown = false;
     }
 
     // Anchored, since newer list views write the x of their rows.
@@ -63,10 +66,9 @@ T.ItemDelegate {
     focusPolicy: Qt.NoFocus
     hoverEnabled: true
     text: labelAt(0)?.text ?? ""
-    objectName: text
     Accessible.role: Accessible.ListItem
     Accessible.name: (cell?.labels ?? []).map(label => label.text.trim()).filter(text => text).join(", ")
-    Accessible.ignored: cell === null
+    Accessible.ignored: !shown
     Accessible.onPressAction: root.clicked()
 
     Component.onCompleted: borrow()
@@ -80,6 +82,12 @@ T.ItemDelegate {
         borrow();
     }
     onPressed: swiped = false
+    onHoveredChanged: {
+        if (hovered)
+            owner.hoveredRow = root;
+        else if (owner.hoveredRow === root)
+            owner.hoveredRow = null;
+    }
     onCurrentChanged: if (current)
         Announcer.focus(root)
     onClicked: {
@@ -92,18 +100,8 @@ T.ItemDelegate {
         owner.choose(index);
     }
 
-    Hint {
-        text: root.Accessible.name
-        shown: root.hovered && !root.down && root.owner.menuRow < 0 && root.isCut(root.contentItem)
-    }
-
-    /** Whether a text of the row is cut off. */
-    function isCut(item: Item): bool {
-        return ((item as Text)?.truncated ?? false) || Array.from(item.children).some(isCut);
-    }
-
     Behavior on slide {
-        enabled: !drag.active && root.cell !== null
+        enabled: !drag.active && root.shown
 
         NumberAnimation {
             duration: Theme.moveDuration
@@ -115,7 +113,7 @@ T.ItemDelegate {
         target: root.owner.table
 
         function onReloaded() {
-            if (root.cell !== null)
+            if (root.shown)
                 root.borrow();
         }
     }
@@ -165,18 +163,14 @@ T.ItemDelegate {
         border.color: Theme.edgeOf(root.cell?.borderColor ?? "transparent")
 
         Rectangle {
-            anchors.fill: parent
-            radius: parent.radius
-            color: Theme.pressed
             // A press that becomes a swipe is never released.
-            visible: (root.down && !root.swiped) || (root.owner.table.selectedRow === root.index && !root.marked)
-        }
+            readonly property bool pressed: root.down && !root.swiped
+                                            || root.owner.table.selectedRow === root.index && !root.marked
 
-        Rectangle {
             anchors.fill: parent
             radius: parent.radius
-            color: Theme.hovered
-            visible: root.hovered && !root.down
+            color: pressed ? Theme.pressed : Theme.hovered
+            visible: pressed || root.hovered && !root.down
         }
 
         FocusRing {
@@ -234,7 +228,6 @@ T.ItemDelegate {
                     height: parent?.height ?? 0
                     focusPolicy: Qt.NoFocus
                     text: modelData
-                    objectName: text
                     Accessible.role: Accessible.Button
                     Accessible.name: text
                     Accessible.onPressAction: clicked()

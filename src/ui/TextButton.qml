@@ -16,7 +16,6 @@ T.Button {
     font.pixelSize: Theme.bodyFont
     leftPadding: Theme.gap
     rightPadding: Theme.gap
-    objectName: text
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: root.clicked()

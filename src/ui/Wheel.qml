@@ -43,7 +43,6 @@ FocusScope {
 
     implicitHeight: 5 * rowHeight
     activeFocusOnTab: true
-    objectName: name
     Accessible.role: Accessible.List
     Accessible.name: name
     Accessible.description: (list.currentItem as Text)?.text ?? ""

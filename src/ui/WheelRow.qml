@@ -18,7 +18,6 @@ PlainText {
     leftPadding: Theme.gap
     rightPadding: Theme.gap
     color: chosen ? Theme.ink : Theme.faintInk
-    objectName: text
     Accessible.role: Accessible.ListItem
     Accessible.name: text
     Accessible.selectable: true

@@ -8,6 +8,28 @@
 namespace {
 
 constexpr int longestAnimation = 450; // milliseconds
+/** Of the event loop, of 10 ms each, in which nothing is drawn. */
+constexpr int turnsOfRest = 8;
+
+/** By which assistive technology calls an item; empty where it knows none. */
+QString nameOf(const QQuickItem& item) {
+    // Of two descriptions, the first is one that a control made before it was QML's.
+    const QObject* description = nullptr;
+    for (const QObject* child : item.children()) {
+        if (child->inherits("QQuickAccessibleAttached"))
+            description = child;
+    }
+    if (!description || description->property("ignored").toBool())
+        return {};
+    return description->property("name").toString();
+}
+
+/** A row is called by its first line too. */
+bool isCalled(const QQuickItem& item, const QString& name) {
+    const QString known = nameOf(item);
+    return known == name || (item.inherits("QQuickItemDelegate") && !known.isEmpty() &&
+                             item.property("text") == name);
+}
 
 QPoint middle(const QQuickItem& item) {
     return item.mapToScene({item.width() / 2, item.height() / 2}).toPoint();
@@ -31,7 +53,7 @@ Pilot::Pilot(QQuickWindow& window)
 QQuickItem* Pilot::look(const QString& name) const {
     QList<QQuickItem*> found;
     collect(
-        *m_window.contentItem(), [&](const QQuickItem& item) { return item.objectName() == name; },
+        *m_window.contentItem(), [&](const QQuickItem& item) { return isCalled(item, name); },
         found);
     return found.isEmpty() ? nullptr : found.constLast();
 }
@@ -43,11 +65,24 @@ QQuickItem& Pilot::find(const QString& name) const {
     return *item;
 }
 
+QQuickItem& Pilot::list() const {
+    QList<QQuickItem*> found;
+    waitFor([&] {
+        collect(
+            *m_window.contentItem(),
+            [](const QQuickItem& item) { return item.inherits("QQuickListView"); }, found);
+        return !found.isEmpty();
+    });
+    if (found.isEmpty())
+        throw std::runtime_error("the window shows no list");
+    return *found.constLast();
+}
+
 QList<QQuickItem*> Pilot::findAll(const QString& start) const {
     QList<QQuickItem*> found;
     collect(
         *m_window.contentItem(),
-        [&](const QQuickItem& item) { return item.objectName().startsWith(start); }, found);
+        [&](const QQuickItem& item) { return nameOf(item).startsWith(start); }, found);
     std::sort(found.begin(), found.end(), [](const QQuickItem* first, const QQuickItem* second) {
         return middle(*first).y() < middle(*second).y();
     });
@@ -86,7 +121,7 @@ void Pilot::tap(const QString& name) {
 void Pilot::scrollTo(const QQuickItem& item) const {
     for (QQuickItem* page = item.parentItem(); page; page = page->parentItem()) {
         const QVariant contentY = page->property("contentY");
-        if (!contentY.isValid() || page->objectName() == QStringLiteral("Rows"))
+        if (!contentY.isValid() || page->inherits("QQuickListView"))
             continue;
         const QRectF shown = page->mapRectToScene(page->boundingRect());
         const QRectF place = item.mapRectToScene(item.boundingRect());
@@ -163,7 +198,22 @@ bool Pilot::waitFor(const std::function<bool()>& condition, int timeout) {
 }
 
 void Pilot::settle() const {
-    QTest::qWait(longestAnimation);
+    int turns = 0;
+    const auto connection =
+        QObject::connect(&m_window, &QQuickWindow::frameSwapped, [&] { turns = 0; });
+    waitFor(
+        [&] {
+            QList<QQuickItem*> arriving;
+            if (++turns <= turnsOfRest)
+                return false;
+            collect(
+                *m_window.contentItem(),
+                [](const QQuickItem& item) { return item.property("arriving").toBool(); },
+                arriving);
+            return arriving.isEmpty();
+        },
+        longestAnimation);
+    QObject::disconnect(connection);
 }
 
 QImage Pilot::grab() const {

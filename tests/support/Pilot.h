@@ -19,6 +19,8 @@ public:
     QQuickItem* look(const QString& name) const;
     /** The same, waiting up to two seconds for it. */
     QQuickItem& find(const QString& name) const;
+    /** The list of rows that is shown. */
+    QQuickItem& list() const;
     /** All visible controls whose names start so, from top to bottom. */
     QList<QQuickItem*> findAll(const QString& start) const;
     /** Where the window shows a text, if only a part of it; empty when it does not. */
@@ -46,7 +48,7 @@ public:
 
     /** Lets the event loop turn until this holds; false after the time in milliseconds. */
     static bool waitFor(const std::function<bool()>& condition, int timeout = 2000);
-    /** Lets animations come to their end. */
+    /** Lets animations come to their end, and screens take presses. */
     void settle() const;
 
     QImage grab() const;

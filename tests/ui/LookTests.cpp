@@ -223,7 +223,7 @@ TEST_F(Looks, WideWindowKeepsTheListBesideWhatItLedTo) {
     pilot->tap(QStringLiteral("Sort"));
     pilot->tap(QStringLiteral("Discard"));
     EXPECT_EQ(program.navigation().depth(), 2);
-    EXPECT_EQ(row(0).objectName(), "Topic: b");
+    EXPECT_EQ(row(0).property("text"), "Topic: b");
 
     pilot->tap(row(1));
     pilot->resize({390, 844});

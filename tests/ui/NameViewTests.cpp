@@ -172,7 +172,7 @@ TEST_F(NameViews, TopicsAreAddedEditedAndDeletedByKeyboard) {
     pilot->press(Qt::Key_Return);
     tap("Save");
     EXPECT_EQ(list.tableView()->header()->text(), "# Topics: = 3");
-    pilot->find(QStringLiteral("Rows")).forceActiveFocus();
+    pilot->list().forceActiveFocus();
     pilot->press(Qt::Key_Home);
     pilot->press(Qt::Key_Return);
     auto& form = top<EditTopicViewController>();
@@ -182,7 +182,7 @@ TEST_F(NameViews, TopicsAreAddedEditedAndDeletedByKeyboard) {
     pilot->type(QStringLiteral("bc"));
     tap("Save");
     pilot->find(QStringLiteral("abc"));
-    pilot->find(QStringLiteral("Rows")).forceActiveFocus();
+    pilot->list().forceActiveFocus();
     pilot->press(Qt::Key_Home);
     pilot->press(Qt::Key_Down);
     pilot->press(Qt::Key_Delete);
@@ -199,7 +199,7 @@ TEST_F(NameViews, AQuoteByTopicIsReachedAndLeftByDragging) {
     for (int number = 100; number < 160; ++number)
         addQuote(QStringLiteral("A"), QString::number(number), QString::number(number));
     open("Quotes by Topic");
-    const QQuickItem& rows = pilot->find(QStringLiteral("Rows"));
+    const QQuickItem& rows = pilot->list();
     for (int drags = 0; drags < 3; ++drags)
         pilot->drag(rows, {0, -300});
     const double place = rows.property("contentY").toDouble();
@@ -210,7 +210,7 @@ TEST_F(NameViews, AQuoteByTopicIsReachedAndLeftByDragging) {
     EXPECT_GT(text.toInt(), 105);
     tap("Save"); // which stays here, and says so in a note that screen readers tell
     const QAccessibleInterface* note =
-        QAccessible::queryAccessibleInterface(pilot->find(QStringLiteral("Saved")).parentItem());
+        QAccessible::queryAccessibleInterface(&pilot->find(QStringLiteral("Saved")));
     ASSERT_TRUE(note);
     EXPECT_EQ(note->role(), QAccessible::Notification);
     EXPECT_EQ(note->text(QAccessible::Name), "Saved");
@@ -218,7 +218,7 @@ TEST_F(NameViews, AQuoteByTopicIsReachedAndLeftByDragging) {
     EXPECT_TRUE(pilot->waitFor([&] { return !pilot->look(QStringLiteral("Saved")); }, 5000));
     pilot->drag(QPoint(3, 400), {300, 0}); // in from the left edge
     EXPECT_EQ(top<NewViewTableViewController>().unfilteredEvent.size(), 60U);
-    EXPECT_NEAR(pilot->find(QStringLiteral("Rows")).property("contentY").toDouble(), place, 1);
+    EXPECT_NEAR(pilot->list().property("contentY").toDouble(), place, 1);
 }
 
 TEST_F(NameViews, RowsFitTheirTextAndBlankLinesKeepTheirPlace) {
@@ -227,8 +227,7 @@ TEST_F(NameViews, RowsFitTheirTextAndBlankLinesKeepTheirPlace) {
     context().fetch(Event::fetchRequest()).records.back()->setSource(std::nullopt); // blank
     open("Quotes by Topic");
     const double height = pilot->findAll(QStringLiteral("Source")).at(0)->height();
-    EXPECT_NEAR(pilot->find(QStringLiteral("Rows")).property("contentHeight").toDouble(),
-                2 * height, 1);
+    EXPECT_NEAR(pilot->list().property("contentHeight").toDouble(), 2 * height, 1);
     goBack();
     const QString start = QStringLiteral("A name that begins as another one does ").repeated(3);
     for (const char* end : {"one", "two"})
@@ -239,7 +238,7 @@ TEST_F(NameViews, RowsFitTheirTextAndBlankLinesKeepTheirPlace) {
         const auto names = pilot->findAll(start);
         ASSERT_EQ(names.size(), 2);
         for (const QQuickItem* name : names)
-            EXPECT_GT(name->height(), 60) << qPrintable(name->objectName());
+            EXPECT_GT(name->height(), 60) << qPrintable(name->property("text").toString());
     };
     expectWhole();
     tap("Names");
@@ -251,15 +250,15 @@ TEST_F(NameViews, AListKeepsItsPlaceWhileANameIsLookedAt) {
         addQuote(QString::number(author), QStringLiteral("T"), QStringLiteral("text"));
     open("Reference Lists");
     tap("Authors");
-    QQuickItem* rows = &pilot->find(QStringLiteral("Rows"));
+    QQuickItem* rows = &pilot->list();
     rows->setProperty("contentY", 2000);
     pilot->settle();
     tap("150");
     goBack();
-    rows = &pilot->find(QStringLiteral("Rows"));
+    rows = &pilot->list();
     EXPECT_EQ(rows->property("contentY").toInt(), 2000);
     tap("Names");
-    rows = &pilot->find(QStringLiteral("Rows"));
+    rows = &pilot->list();
     rows->setProperty("contentY", 1500);
     pilot->settle();
     pilot->drag(pilot->find(QStringLiteral("140")), {-140, 0});

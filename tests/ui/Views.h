@@ -72,7 +72,7 @@ protected:
     QStringList rows(const char* start = "Topic: ") {
         QStringList names;
         for (const QQuickItem* row : pilot->findAll(QLatin1String(start)))
-            names.append(row->objectName());
+            names.append(row->property("text").toString());
         return names;
     }
 
