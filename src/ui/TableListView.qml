@@ -114,7 +114,7 @@ FocusScope {
     }
 
     Hint {
-        parent: root.hoveredRow ?? root
+        parent: root.hoveredRow
         text: shown ? root.hoveredRow.Accessible.name : ""
         shown: root.hoveredRow !== null && !root.hoveredRow.down && root.menuRow < 0
                && root.isCut(root.hoveredRow.contentItem)
